@@ -1,0 +1,66 @@
+using System;
+using System.Collections.Generic;
+using System.Linq;
+using System.Reflection;
+using System.Runtime.InteropServices;
+using Xunit;
+
+namespace Velarion.Tests
+{
+    // The binding and the native library agree name for name, and each entry
+    // point belongs to the interop module its listing section says. Hand-written
+    // imports live in the same partial PINVOKE classes as the generated ones.
+    public class EntryPointTests
+    {
+        private static readonly string[] Modules =
+            { "velarion", "velarion_amplitudemodulation", "velarion_timepointstreaming" };
+
+        private static Type PInvokeClass(string module) =>
+            typeof(NVector3).Assembly.GetType($"Velarion.{module}PINVOKE", throwOnError: true);
+
+        private static IEnumerable<(string Module, string EntryPoint)> ImportedEntryPoints() =>
+            from module in Modules
+            from method in PInvokeClass(module).GetMethods(BindingFlags.Static | BindingFlags.Public | BindingFlags.NonPublic)
+            let import = method.GetCustomAttribute<DllImportAttribute>()
+            where import != null
+            select (module, import.EntryPoint ?? method.Name);
+
+        [Fact]
+        public void EveryImportedEntryPointResolvesInTheInteropLibrary()
+        {
+            var library = NativeLibrary.Load("VelarionCSharp", typeof(NVector3).Assembly, null);
+            var missing = ImportedEntryPoints()
+                .Where(e => !NativeLibrary.TryGetExport(library, e.EntryPoint, out _))
+                .Select(e => e.EntryPoint)
+                .ToList();
+            Assert.True(missing.Count == 0, "not exported: " + string.Join(", ", missing));
+        }
+
+        [Fact]
+        public void EveryListedNameIsImportedByItsOwnModule()
+        {
+            var imported = ImportedEntryPoints().ToLookup(e => e.EntryPoint, e => e.Module);
+            var problems = new List<string>();
+            foreach (var module in Modules)
+            {
+                foreach (var name in ExportListing.Sections[module])
+                {
+                    var modules = imported[name].ToList();
+                    if (modules.Count == 0) problems.Add($"{name}: imported by no generated entry point");
+                    else if (!modules.Contains(module)) problems.Add($"{name}: listed under {module}, imported by {string.Join("/", modules)}");
+                }
+            }
+            Assert.True(problems.Count == 0, string.Join("\n", problems));
+        }
+
+        [Fact]
+        public void EveryGeneratedEntryPointIsListedUnderItsModule()
+        {
+            var unlisted = ImportedEntryPoints()
+                .Where(e => !ExportListing.Sections[e.Module].Contains(e.EntryPoint))
+                .Select(e => $"{e.EntryPoint} ({e.Module})")
+                .ToList();
+            Assert.True(unlisted.Count == 0, "not in the listing: " + string.Join(", ", unlisted));
+        }
+    }
+}

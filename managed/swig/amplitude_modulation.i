@@ -1,0 +1,1 @@
+// Amplitude modulation: control points, collection, emitter.

@@ -1,0 +1,1 @@
+// Time-point streaming: emitter and emission callback wrapper.

@@ -1,0 +1,8 @@
+// The `velarion` interop module: geometry, device library, logging, lists.
+// These files are SWIG's view of the native classes: they exist to generate
+// the C# binding and never reach a C++ compiler. The native exports they
+// describe are written by hand in src/.
+%module(directors="1") velarion
+
+%include "common.i"
+%include "geometry.i"

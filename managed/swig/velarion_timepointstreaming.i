@@ -1,0 +1,7 @@
+// The `velarion_timepointstreaming` interop module: the streaming emitter and
+// the emission callback bridge.
+%module(directors="1") velarion_timepointstreaming
+
+%import "velarion.i"
+%include "common.i"
+%include "timepoint_streaming.i"
