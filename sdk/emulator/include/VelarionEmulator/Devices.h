@@ -1,0 +1,68 @@
+// Control of the emulated devices: add and remove virtual arrays at run time,
+// inject faults, and reset everything to the built-in defaults.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "Velarion/Export.h"
+#include "Velarion/TransducerContainer.h"
+#include "Velarion/Types.h"
+
+namespace VelarionEmulator {
+
+// Everything the emulator knows about one device.
+struct VirtualDevice {
+  std::string identifier;
+  std::string modelIdentifier;
+  std::string modelDescription;
+  std::string serialNumber;
+  std::string firmwareVersion;
+  std::string firmwareBuildDate;
+  std::string transducerLayoutName;
+  float arrayWidth = 0.0f;  // metres, along x
+  float arrayDepth = 0.0f;  // metres, along y
+  Velarion::DeviceFeatures supportedFeatures = Velarion::DeviceFeatures::None;
+  std::vector<Velarion::Transducer> transducers;
+  // Default alignment: rotation rows, then translation (see Alignment.h).
+  float defaultAlignment[12] = {1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0};
+  bool connected = true;
+};
+
+namespace Devices {
+
+// A rectangular array: columns along x, rows along y, centred on the origin,
+// every element facing +z with multiplier 1. Width and depth are columns and
+// rows times the pitch. The strings are derived from the identifier.
+VELARION_API VirtualDevice makeGridDevice(const std::string& identifier, unsigned int columns, unsigned int rows,
+                                          float pitch);
+
+// Appends a device. False (and a log line) when the identifier is empty or
+// already present.
+VELARION_API bool addDevice(const VirtualDevice& device);
+// False when there is no such device. A claimed device is removed too; its
+// emitter finds it gone.
+VELARION_API bool removeDevice(const std::string& identifier);
+VELARION_API bool setConnected(const std::string& identifier, bool connected);
+// Identifiers in enumeration order.
+VELARION_API std::vector<std::string> identifiers();
+
+// The text of the built-in hardware configuration: a template for files.
+VELARION_API std::string builtInConfiguration();
+
+// Faults, each bound to a device index and kept until clearFaults():
+// the identifier read with a buffer is one character longer than the size
+// query announced, so the read returns a different size;
+VELARION_API void injectIdentifierLengthChange(unsigned int index);
+// the identifier size query (and any read) returns 0 at that index;
+VELARION_API void injectZeroSizeQuery(unsigned int index);
+// the description of the device at that index has an empty identifier.
+VELARION_API void injectEmptyDescriptionIdentifier(unsigned int index);
+VELARION_API void clearFaults();
+
+// The built-in devices, connected and unclaimed; no faults; priority
+// management allowed. The journal is left alone.
+VELARION_API void resetToDefaults();
+
+}  // namespace Devices
+}  // namespace VelarionEmulator
