@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# Builds and runs every test: the native tests, the native tests again under
+# AddressSanitizer + UndefinedBehaviorSanitizer, and the managed tests.
+set -uo pipefail
+cd "$(dirname "$0")/.."
+source scripts/env.sh
+bash scripts/setup.sh || exit 1
+
+failed=()
+stage() {
+  local name=$1
+  shift
+  echo
+  echo "=== $name ==="
+  if ! "$@"; then
+    failed+=("$name")
+  fi
+}
+
+stage "configure (default)" cmake --preset default
+stage "build (default)" cmake --build --preset default -j"$jobs"
+stage "native tests" ctest --preset default -j"$jobs"
+stage "configure (asan)" cmake --preset asan
+stage "build (asan)" cmake --build --preset asan -j"$jobs"
+stage "native tests under ASan+UBSan" env ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
+  ctest --preset asan -j"$jobs"
+stage "managed tests" cmake --build build/default --target managed_test
+
+echo
+if [ ${#failed[@]} -gt 0 ]; then
+  echo "FAILED: ${failed[*]}"
+  exit 1
+fi
+echo "all test stages passed"
