@@ -33,7 +33,8 @@ struct Matrix4x4 {
   // The 3x3 rotation in the upper-left block (the exact identity when
   // cos(angle) rounds to 1).
   static Matrix4x4 rotate(Vector3 axis, double angle) {
-    const double* r = Matrix3x3::rotate(axis, angle).element;
+    const Matrix3x3 rotation = Matrix3x3::rotate(axis, angle);
+    const double* r = rotation.element;
     return Matrix4x4(r[0], r[1], r[2], 0.0, r[3], r[4], r[5], 0.0, r[6], r[7], r[8], 0.0, 0.0, 0.0, 0.0, 1.0);
   }
 
