@@ -47,6 +47,12 @@ VELARION_API bool setConnected(const std::string& identifier, bool connected);
 // Identifiers in enumeration order.
 VELARION_API std::vector<std::string> identifiers();
 
+// As if an emitter of another application held the device: it reads as
+// claimed and no emitter here can take it. False when unknown, disconnected
+// or already held by an emitter.
+VELARION_API bool holdDevice(const std::string& identifier);
+VELARION_API bool releaseHeldDevice(const std::string& identifier);
+
 // The text of the built-in hardware configuration: a template for files.
 VELARION_API std::string builtInConfiguration();
 
