@@ -25,6 +25,125 @@ struct Vector3 {
   Vector3 operator/(float s) const;
 };
 
+// Quaternion, Matrix3x3, Matrix4x4, Transform. Read-only accessors are
+// declared const and non-const, as the device library has them: SWIG keeps
+// the first and numbers it (x__SWIG_0, basis__SWIG_0, at__SWIG_0).
+%warnfilter(SWIGWARN_LANG_OVERLOAD_IGNORED) Quaternion::x;
+%warnfilter(SWIGWARN_LANG_OVERLOAD_IGNORED) Quaternion::y;
+%warnfilter(SWIGWARN_LANG_OVERLOAD_IGNORED) Quaternion::z;
+%warnfilter(SWIGWARN_LANG_OVERLOAD_IGNORED) Quaternion::w;
+%warnfilter(SWIGWARN_LANG_OVERLOAD_IGNORED) Matrix3x3::at;
+%warnfilter(SWIGWARN_LANG_OVERLOAD_IGNORED) Transform::basis;
+%warnfilter(SWIGWARN_LANG_OVERLOAD_IGNORED) Transform::origin;
+
+%rename(operator_minus) Quaternion::operator-;
+
+struct Quaternion {
+  Quaternion();
+  Quaternion(float x, float y, float z, float w);
+  float x() const;
+  float& x();
+  float y() const;
+  float& y();
+  float z() const;
+  float& z();
+  float w() const;
+  float& w();
+  float length() const;
+  float length2() const;
+  float dot(const Quaternion& other) const;
+  Quaternion inverse() const;
+  Quaternion operator-() const;
+  static Quaternion fromEuler(float angleX, float angleY, float angleZ, int order);
+  void setEuler(float angleX, float angleY, float angleZ, int order);
+  static Quaternion fromRotation(const Vector3& axis, float angle);
+  void setRotation(const Vector3& axis, float angle);
+};
+
+%rename(operator_plus) Matrix3x3::operator+;
+%rename(operator_minus) Matrix3x3::operator-;
+%rename(operator_multiply) Matrix3x3::operator*;
+%rename(operator_divide) Matrix3x3::operator/;
+
+struct Matrix3x3 {
+  double element[9];
+  Matrix3x3();
+  Matrix3x3(double m00, double m01, double m02, double m10, double m11, double m12, double m20, double m21,
+            double m22);
+  Matrix3x3(const Quaternion& rotation);
+  double at(unsigned int row, unsigned int col) const;
+  double& at(unsigned int row, unsigned int col);
+  Vector3 getRow(int i) const;
+  Vector3 getCol(int j) const;
+  static Matrix3x3 identity();
+  static Matrix3x3 zero();
+  static Matrix3x3 scale(double sx, double sy, double sz);
+  static Matrix3x3 rotate(Vector3 axis, double angle);
+  static Matrix3x3 rotateOntoVector(Vector3 from, Vector3 to);
+  void setRotation(const Quaternion& rotation);
+  double determinant() const;
+  Matrix3x3 inverse() const;
+  Matrix3x3 transpose() const;
+  Matrix3x3 operator+() const;
+  Matrix3x3 operator-() const;
+  Matrix3x3 operator*(const Matrix3x3& other) const;
+  Matrix3x3 operator*(double s) const;
+  Matrix3x3 operator/(double s) const;
+};
+
+%rename(operator_plus) Matrix4x4::operator+;
+%rename(operator_minus) Matrix4x4::operator-;
+%rename(operator_multiply) Matrix4x4::operator*;
+%rename(operator_divide) Matrix4x4::operator/;
+
+struct Matrix4x4 {
+  double element[16];
+  Matrix4x4();
+  Matrix4x4(double m00, double m01, double m02, double m03, double m10, double m11, double m12, double m13,
+            double m20, double m21, double m22, double m23, double m30, double m31, double m32, double m33);
+  static Matrix4x4 identity();
+  static Matrix4x4 zero();
+  static Matrix4x4 scale(double sx, double sy, double sz);
+  static Matrix4x4 translation(double tx, double ty, double tz);
+  static Matrix4x4 rotate(Vector3 axis, double angle);
+  static Matrix4x4 rotateOntoVector(Vector3 from, Vector3 to);
+  double determinant() const;
+  Matrix4x4 inverse() const;
+  Vector3 transformPosition(const Vector3& position) const;
+  Vector3 transformDirection(const Vector3& direction) const;
+  std::string toString() const;
+  Matrix4x4 operator+() const;
+  Matrix4x4 operator+(const Matrix4x4& other) const;
+  Matrix4x4 operator-() const;
+  Matrix4x4 operator-(const Matrix4x4& other) const;
+  Matrix4x4 operator*(const Matrix4x4& other) const;
+  Matrix4x4 operator*(double s) const;
+  Matrix4x4 operator/(double s) const;
+};
+
+// The origin reference is internal; the managed side wraps it.
+%rename(origin_internal) Transform::origin;
+
+struct Transform {
+  Transform(Matrix3x3 basis, Vector3 origin);
+  Transform(Matrix3x3 basis);
+  Transform();
+  Transform(const Quaternion& rotation, Vector3 origin);
+  Transform(const Quaternion& rotation);
+  const Matrix3x3& basis() const;
+  Matrix3x3& basis();
+  const Vector3& origin() const;
+  Vector3& origin();
+  void setBasis(Matrix3x3 basis);
+  void setOrigin(Vector3 origin);
+  static Transform translation(Vector3 offset);
+  static Transform translation(double x, double y, double z);
+  Transform inverse() const;
+  Vector3 transformPosition(const Vector3& position) const;
+  Vector3 transformDirection(const Vector3& direction) const;
+  std::string toString() const;
+};
+
 // Free operators: overloads are numbered across the whole module in the order
 // they are declared here (operator_multiply__SWIG_0 ... __SWIG_8).
 %rename(operator_equals) operator==;
@@ -37,5 +156,17 @@ struct Vector3 {
 bool operator==(const Vector3& a, const Vector3& b);
 bool operator!=(const Vector3& a, const Vector3& b);
 float operator*(const Vector3& a, const Vector3& b);
+Quaternion operator*(Quaternion a, const Quaternion& b);
+Quaternion operator*(Quaternion q, float s);
+Quaternion operator*(float s, Quaternion q);
+Quaternion operator/(Quaternion q, float s);
+Quaternion operator+(Quaternion a, const Quaternion& b);
+Quaternion operator-(Quaternion a, const Quaternion& b);
+Matrix3x3 operator*(double s, const Matrix3x3& m);
+Vector3 operator*(Matrix3x3 m, Vector3 v);
+Matrix3x3 operator+(Matrix3x3 a, const Matrix3x3& b);
+Matrix3x3 operator-(Matrix3x3 a, const Matrix3x3& b);
+Vector3 operator*(const Transform& t, const Vector3& position);
+Transform operator*(Transform a, const Transform& b);
 
 }  // namespace Velarion
