@@ -6,3 +6,4 @@
 
 %include "common.i"
 %include "geometry.i"
+%include "device.i"

@@ -1,0 +1,166 @@
+using System;
+using System.IO;
+using System.Text;
+using Xunit;
+
+namespace Velarion.Tests
+{
+    // The first device workflow, end to end against the emulator's built-in
+    // arrays: "VLA16-2A1F0031" (16 x 16, 10.5 mm) and "VLC10-5B330107" (10 x 10, 8.6 mm).
+    public class DeviceTests
+    {
+        private const string A16 = "VLA16-2A1F0031";
+        private const string C10 = "VLC10-5B330107";
+
+        // Size query, then a read into a buffer of exactly that size.
+        private static string ReadIdentifier(VelarionLibrary library, uint index)
+        {
+            uint size = library.getDeviceIdentifier(index, null, 0);
+            if (size == 0) return null;
+            var buffer = new byte[size];
+            Assert.Equal(size, library.getDeviceIdentifier(index, buffer, size));
+            return Encoding.ASCII.GetString(buffer, 0, (int)size - 1);
+        }
+
+        [Fact]
+        public void OpensTheLibraryAndDescribesEachDevice()
+        {
+            using var library = new VelarionLibrary();
+            Assert.Equal(2u, library.getDeviceCount());
+            Assert.Equal(A16, ReadIdentifier(library, 0));
+            Assert.Equal(C10, ReadIdentifier(library, 1));
+            Assert.Null(ReadIdentifier(library, 2));
+
+            using var first = library.getDeviceInfoByIndex(0);
+            Assert.Equal(A16, first.getDeviceIdentifier());
+            Assert.Equal("VLA16", first.getModelIdentifier());
+            Assert.Equal("2A1F0031", first.getSerialNumber());
+            Assert.Equal("3.2.1", first.getFirmwareVersion());
+            Assert.Equal("2018-10-04", first.getFirmwareBuildDate());
+            Assert.Equal("VLA16 16x16 10.5mm", first.getTransducerLayoutName());
+            Assert.StartsWith("Velarion A16 array", first.getModelDescription());
+            Assert.Equal(0.168f, first.arrayWidth(), 5);
+            Assert.Equal(0.168f, first.arrayDepth(), 5);
+            Assert.True(first.getSupportedFeatures().HasFlag(DeviceFeatures.TimePointStreaming));
+            Assert.True(first.hasSupportFor(DeviceFeatures.AmplitudeModulation | DeviceFeatures.MultiDeviceSynchronization));
+
+            using var second = library.getDeviceInfoByIdentifier(C10);
+            Assert.Equal("VLC10", second.getModelIdentifier());
+            Assert.False(second.hasSupportFor(DeviceFeatures.MultiDeviceSynchronization));
+            using var copy = new DeviceInfo(second);
+            Assert.Equal(C10, copy.getDeviceIdentifier());
+
+            using var unknown = library.getDeviceInfoByIdentifier("NO-SUCH-DEVICE");
+            Assert.Equal("", unknown.getDeviceIdentifier());
+        }
+
+        [Fact]
+        public void ReadsTransducerLayoutsAndDefaultAlignments()
+        {
+            using var library = new VelarionLibrary();
+            using var info = library.getDeviceInfoByIdentifier(C10);
+            using var layout = info.getTransducerConfiguration();
+            Assert.Equal(100ul, layout.size());
+            var corner = layout.at(0);
+            var next = layout.at(1);
+            Assert.Equal(-4.5f * 0.0086f, corner.x_position, 6);
+            Assert.Equal(0.0086f, next.x_position - corner.x_position, 6);
+            Assert.Equal(1f, corner.z_upvector);
+            Assert.True(corner.isEnabled());
+
+            using var alignment = info.getDefaultAlignment();
+            var toTracking = new double[16];
+            var toDevice = new float[16];
+            alignment.fromDeviceToTrackingTransformToArray4x4(toTracking);
+            alignment.fromTrackingToDeviceTransformToArray4x4(toDevice);
+            Assert.Equal(-0.086, toTracking[7], 6);
+            Assert.Equal(0.086f, toDevice[7], 6);
+            Assert.Equal(1.0, toTracking[15]);
+
+            using var origin = new NVector3(0, 0, 0);
+            using var tracked = alignment.fromDevicePositionToTrackingPosition(origin);
+            Assert.Equal(-0.086f, tracked.y, 6);
+            using var back = alignment.fromTrackingPositionToDevicePosition(tracked);
+            Assert.Equal(0f, back.y, 6);
+        }
+
+        [Fact]
+        public void ReportsConnectionClaimAndPriorityState()
+        {
+            using var library = new VelarionLibrary();
+            Assert.True(library.isDeviceConnected(A16));
+            Assert.False(library.isDeviceConnected("NO-SUCH-DEVICE"));
+            Assert.False(library.isDeviceClaimed("NO-SUCH-DEVICE"));
+
+            bool before = library.isThreadPriorityManagementAllowed();
+            library.setThreadPriorityManagementAllowed(!before);
+            Assert.Equal(!before, library.isThreadPriorityManagementAllowed());
+            library.setThreadPriorityManagementAllowed(before);
+            Assert.Equal(before, library.isThreadPriorityManagementAllowed());
+
+            Assert.False(library.reloadHardwareConfigurations(Path.Combine(Path.GetTempPath(), "no-such-velarion-config")));
+            Assert.Equal(2u, library.getDeviceCount());
+        }
+
+        [Fact]
+        public void MovingALibraryLeavesTheSourceEmptyButDisposable()
+        {
+            var source = new VelarionLibrary();
+            using var moved = new VelarionLibrary(source);
+            Assert.Equal(0u, source.getDeviceCount());
+            Assert.Equal(2u, moved.getDeviceCount());
+            source.Dispose();
+
+            var e = Assert.Throws<ArgumentNullException>(() => new VelarionLibrary((VelarionLibrary)null));
+            Assert.Equal("Velarion::VelarionLibrary && type is null", VectorTests.Message(e));
+        }
+
+        [Fact]
+        public void AlignmentsRoundTripThroughFilesAndRejectNulls()
+        {
+            string path = Path.Combine(Path.GetTempPath(), $"velarion-{Guid.NewGuid():N}.alignment");
+            try
+            {
+                using var turned = new Alignment(0, -1, 0, 1, 0, 0, 0, 0, 1, 0.25f, 0, 0);
+                Assert.True(turned.saveAlignment(path));
+                using var loaded = new Alignment(path);
+                var expected = new float[16];
+                var actual = new float[16];
+                turned.fromDeviceToTrackingTransformToArray4x4(expected);
+                loaded.fromDeviceToTrackingTransformToArray4x4(actual);
+                Assert.Equal(expected, actual);
+
+                File.WriteAllText(path, "velarion-alignment 1\nrotation 1 0 0\n");
+                Assert.False(loaded.loadAlignment(path));
+                loaded.fromDeviceToTrackingTransformToArray4x4(actual);
+                Assert.Equal(expected, actual);
+
+                var e = Assert.Throws<ArgumentNullException>(() => turned.fromTrackingDirectionToDeviceDirection(null));
+                Assert.Equal("Velarion::Vector3 const & type is null", VectorTests.Message(e));
+                e = Assert.Throws<ArgumentNullException>(() => new Alignment((Alignment)null));
+                Assert.Equal("Velarion::Alignment const & type is null", VectorTests.Message(e));
+                e = Assert.Throws<ArgumentNullException>(() => new DeviceInfo(null));
+                Assert.Equal("Velarion::DeviceInfo const & type is null", VectorTests.Message(e));
+            }
+            finally
+            {
+                File.Delete(path);
+            }
+        }
+
+        [Fact]
+        public void VersionConstantsAndTheLoadedVersion()
+        {
+            Assert.Equal("2.6.4-ST", velarion.VL_SDK_VERSION);
+            Assert.Equal("2.6.4-ST-Windows-Win64", velarion.VL_SDK_VERSION_LONG);
+            Assert.Equal(velarion.VL_SDK_VERSION_MAJOR * 65536 + velarion.VL_SDK_VERSION_MINOR * 256 + velarion.VL_SDK_VERSION_PATCH,
+                         velarion.VL_SDK_VERSION_INT);
+            using var loaded = new VersionInfo();
+            Assert.Equal("2.6.4-ST", loaded.VersionString);
+            Assert.Equal((2u, 6u, 4u), (loaded.MajorVersion, loaded.MinorVersion, loaded.PatchVersion));
+            Assert.Equal("Emulator", loaded.VariantName);
+            VersionInfo.checkVersion();
+            VersionInfo.checkVersion(2, 6, 4);
+        }
+    }
+}

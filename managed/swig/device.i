@@ -1,0 +1,187 @@
+// The device library: library handle, device descriptions, transducer
+// layouts, alignment, version information and the interface constants.
+%include <arrays_csharp.i>
+
+// --- interface version constants: read from the native library, so that the
+// managed side reports what the native side was built against.
+%csconst(0);
+#define VL_SDK_VERSION "2.6.4-ST"
+#define VL_SDK_VERSION_LONG "2.6.4-ST-Windows-Win64"
+#define VL_SDK_BUILD_DATE "2019-01-16"
+#define VL_SDK_PLATFORM_NAME "Windows-Win64"
+#define VL_SDK_VARIANT "Public"
+#define VL_SDK_VERSION_MAJOR 2
+#define VL_SDK_VERSION_MINOR 6
+#define VL_SDK_VERSION_PATCH 4
+#define VL_SDK_VERSION_INT 132612
+%csconst(1);
+
+namespace Velarion {
+
+%typemap(csclassmodifiers) DeviceFeatures "[global::System.Flags]\npublic enum"
+enum class DeviceFeatures {
+  None = 0,
+  AmplitudeModulation = 1,
+  TimePointStreaming = 2,
+  MultiDeviceSynchronization = 4
+};
+
+enum class DeviceSelectionMode {
+  SingleDevice = 0,
+  MultipleDevices = 1
+};
+
+struct Transducer {
+  float x_position;
+  float y_position;
+  float z_position;
+  float x_upvector;
+  float y_upvector;
+  float z_upvector;
+  float multiplier;
+  Transducer();
+  Transducer(float x_position, float y_position, float z_position, float x_upvector, float y_upvector,
+             float z_upvector, float multiplier);
+  bool isEnabled() const;
+};
+
+// Counts and indices cross as 32-bit values; size() as 64-bit.
+class TransducerContainer {
+ public:
+  TransducerContainer();
+  TransducerContainer(unsigned int count, const Transducer* array);
+  TransducerContainer(const TransducerContainer& other);
+  ~TransducerContainer();
+  unsigned long long size() const;
+  const Transducer& at(unsigned int index) const;
+  const Transducer* data() const;
+  bool insert(unsigned int position, unsigned int count, const Transducer* array);
+  bool erase(unsigned int first, unsigned int count);
+};
+
+// The 4 x 4 exports fill a caller-provided array of sixteen values.
+%apply float OUTPUT[] { float* matrix }
+%apply double OUTPUT[] { double* matrix }
+
+class Alignment {
+ public:
+  Alignment();
+  Alignment(float r00, float r01, float r02, float r10, float r11, float r12, float r20, float r21, float r22,
+            float tx, float ty, float tz);
+  Alignment(const char* path);
+  Alignment(const Alignment& other);
+  ~Alignment();
+  Vector3 fromDevicePositionToTrackingPosition(const Vector3& position) const;
+  Vector3 fromDeviceDirectionToTrackingDirection(const Vector3& direction) const;
+  Vector3 fromTrackingPositionToDevicePosition(const Vector3& position) const;
+  Vector3 fromTrackingDirectionToDeviceDirection(const Vector3& direction) const;
+  void fromDeviceToTrackingTransformToArray4x4(float* matrix) const;
+  void fromDeviceToTrackingTransformToArray4x4(double* matrix) const;
+  void fromTrackingToDeviceTransformToArray4x4(float* matrix) const;
+  void fromTrackingToDeviceTransformToArray4x4(double* matrix) const;
+  bool loadAlignment(const char* path);
+  bool saveAlignment(const char* path) const;
+};
+
+%clear float* matrix;
+%clear double* matrix;
+
+// Descriptions only ever come from the device library, then get copied.
+%nodefaultctor DeviceInfo;
+
+class DeviceInfo {
+ public:
+  DeviceInfo(const DeviceInfo& other);
+  ~DeviceInfo();
+  float arrayWidth() const;
+  float arrayDepth() const;
+  const char* getDeviceIdentifier() const;
+  const char* getFirmwareBuildDate() const;
+  const char* getFirmwareVersion() const;
+  const char* getModelDescription() const;
+  const char* getModelIdentifier() const;
+  const char* getSerialNumber() const;
+  const char* getTransducerLayoutName() const;
+  DeviceFeatures getSupportedFeatures() const;
+  bool hasSupportFor(DeviceFeatures feature) const;
+  Alignment getDefaultAlignment() const;
+  TransducerContainer getTransducerConfiguration() const;
+};
+
+// Read-only to the managed side.
+%immutable VersionInfo::VersionString;
+%immutable VersionInfo::LongVersionString;
+%immutable VersionInfo::BuildDate;
+%immutable VersionInfo::PlatformName;
+%immutable VersionInfo::VariantName;
+%immutable VersionInfo::MajorVersion;
+%immutable VersionInfo::MinorVersion;
+%immutable VersionInfo::PatchVersion;
+
+class VersionInfo {
+ public:
+  VersionInfo();
+  const char* VersionString;
+  const char* LongVersionString;
+  const char* BuildDate;
+  const char* PlatformName;
+  const char* VariantName;
+  unsigned int MajorVersion;
+  unsigned int MinorVersion;
+  unsigned int PatchVersion;
+  static void checkVersion();
+  static void checkVersion(unsigned int major, unsigned int minor, unsigned int patch);
+};
+
+}  // namespace Velarion
+
+// StringList and DeviceInfoList must be known before the library returns them.
+// (lists.i goes here once it exists)
+
+namespace Velarion {
+
+class LoggingExternalInterface;
+
+// A moved-from library stays with its managed owner, which still disposes it.
+%typemap(csin) VelarionLibrary&& "$csclassname.getCPtr($csinput)"
+
+// The _internal members are wrapped by friendlier C# in managed/Velarion.
+%rename(getDeviceInfoByIdentifier_internal) VelarionLibrary::getDeviceInfoByIdentifier;
+%rename(getLoggingInterface_internal) VelarionLibrary::getLoggingInterface;
+
+// The caller's byte buffer is filled in place; null asks for the size.
+%apply unsigned char OUTPUT[] { char* buffer }
+
+%typemap(cscode) VelarionLibrary %{
+  public DeviceInfo getDeviceInfoByIdentifier(string identifier) {
+    return getDeviceInfoByIdentifier_internal(identifier);
+  }
+%}
+
+class VelarionLibrary {
+ public:
+  VelarionLibrary();
+  VelarionLibrary(VelarionLibrary&& other);
+  ~VelarionLibrary();
+  unsigned int getDeviceCount() const;
+  unsigned int getDeviceIdentifier(unsigned int index, char* buffer, unsigned int size) const;
+  DeviceInfo getDeviceInfoByIndex(unsigned int index) const;
+  DeviceInfo getDeviceInfoByIdentifier(const char* identifier) const;
+  bool isDeviceConnected(const char* identifier) const;
+  bool isDeviceClaimed(const char* identifier) const;
+  bool isProcessPriorityManagementAllowed() const;
+  void setProcessPriorityManagementAllowed(bool allowed);
+  bool isThreadPriorityManagementAllowed() const;
+  void setThreadPriorityManagementAllowed(bool allowed);
+  bool reloadHardwareConfigurations();
+  bool reloadHardwareConfigurations(const char* path);
+  LoggingExternalInterface& getLoggingInterface() const;
+  %extend {
+    std::vector<std::string> getManagedDeviceIdentifiers() const;
+    std::vector<Velarion::DeviceInfo> getManagedDeviceInfos() const;
+  }
+};
+
+%clear char* buffer;
+
+}  // namespace Velarion
