@@ -1,0 +1,151 @@
+// Deterministic stepping of time-point streaming emitters.
+#include <cstdint>
+#include <exception>
+#include <stdexcept>
+
+#include "VelarionEmulator/Streaming.h"
+#include "streaming/EmitterImplementation.h"
+
+using Velarion::HostDuration;
+using Velarion::HostTimePoint;
+using Velarion::TimePointStreaming::ControlPointPersistent;
+using Velarion::TimePointStreaming::Emitter;
+using Velarion::TimePointStreaming::EmitterAccess;
+using Velarion::TimePointStreaming::EmitterImplementation;
+
+namespace VelarionEmulator {
+namespace Streaming {
+
+void step(Emitter& emitter, const Interval& spec) {
+  EmitterImplementation& state = EmitterAccess::of(emitter);
+  if (spec.maximumControlPointCount) {
+    state.maximumControlPointCount = *spec.maximumControlPointCount;
+  }
+  const unsigned int pointCount = state.maximumControlPointCount;
+  state.ensurePersistent(pointCount);
+
+  HostTimePoint end = spec.firstTime;
+  if (spec.endTime) {
+    end = *spec.endTime;
+  } else {
+    for (std::size_t k = 0; k < spec.timePointCount; ++k) end += spec.spacing;
+  }
+  state.interval.prepare(spec.firstTime, spec.spacing, spec.timePointCount, end, end, state.persistent.data(),
+                         pointCount);
+
+  // The points leave the interval with the state its last time point ended in,
+  // whether the callback answered or threw.
+  struct CarryOver {
+    EmitterImplementation& state;
+    std::size_t count;
+    unsigned int points;
+    ~CarryOver() {
+      if (count == 0) return;
+      for (unsigned int j = 0; j < points; ++j) state.persistent[j] = state.interval.point(count - 1, j);
+      state.lastSampleTime = state.interval.timePointAt(count - 1).time();
+    }
+  } carryOver{state, spec.timePointCount, pointCount};
+
+  if (state.callback != nullptr) {
+    state.callback(emitter, state.interval, spec.callbackTime, state.userData);
+  }
+}
+
+std::size_t deliveredTimePointCount(const Emitter& emitter) {
+  return EmitterAccess::of(emitter).interval.timePointCount();
+}
+
+unsigned int deliveredControlPointCount(const Emitter& emitter) {
+  return EmitterAccess::of(emitter).interval.controlPointCount();
+}
+
+const ControlPointPersistent& delivered(const Emitter& emitter, std::size_t timePoint, unsigned int index) {
+  const auto& interval = EmitterAccess::of(emitter).interval;
+  if (timePoint >= interval.timePointCount() || index >= interval.controlPointCount()) {
+    throw std::out_of_range("delivered: outside the interval last delivered");
+  }
+  return interval.point(timePoint, index);
+}
+
+ControlPointPersistent persistentControlPoint(const Emitter& emitter, unsigned int index) {
+  const EmitterImplementation& state = EmitterAccess::of(emitter);
+  return index < state.persistent.size() ? state.persistent[index] : ControlPointPersistent(index);
+}
+
+void setPersistentControlPoint(Emitter& emitter, unsigned int index, const ControlPointPersistent& point) {
+  EmitterImplementation& state = EmitterAccess::of(emitter);
+  state.ensurePersistent(index + 1);
+  state.persistent[index] = point;
+}
+
+}  // namespace Streaming
+}  // namespace VelarionEmulator
+
+namespace {
+
+HostTimePoint timePointFrom(int64_t nanoseconds) {
+  return HostTimePoint(nanoseconds / 1000000000, static_cast<double>(nanoseconds % 1000000000) / 1e9);
+}
+
+HostDuration durationFrom(int64_t nanoseconds) {
+  return HostDuration(nanoseconds / 1000000000, static_cast<double>(nanoseconds % 1000000000) / 1e9);
+}
+
+void copyOut(const ControlPointPersistent& point, VelarionEmulatorControlPoint* out) {
+  out->position[0] = point.position.x;
+  out->position[1] = point.position.y;
+  out->position[2] = point.position.z;
+  out->direction[0] = point.direction.x;
+  out->direction[1] = point.direction.y;
+  out->direction[2] = point.direction.z;
+  out->intensity = point.intensity;
+  out->phaseAngle = point.phase_angle;
+  out->id = point.id;
+  out->carriedValue = point.getCarriedValue();
+  out->enabled = point.isEnabled() ? 1u : 0u;
+}
+
+}  // namespace
+
+extern "C" {
+
+VELARION_API void* VelarionEmulator_Streaming_newEmitter(void) { return new Emitter(); }
+
+VELARION_API void VelarionEmulator_Streaming_deleteEmitter(void* emitter) { delete static_cast<Emitter*>(emitter); }
+
+VELARION_API int VelarionEmulator_Streaming_step(void* emitter, int64_t firstTimeNanoseconds,
+                                                 int64_t spacingNanoseconds, uint32_t timePointCount,
+                                                 uint32_t maximumControlPointCount) {
+  if (emitter == nullptr) return -1;
+  VelarionEmulator::Streaming::Interval interval;
+  interval.firstTime = timePointFrom(firstTimeNanoseconds);
+  interval.spacing = durationFrom(spacingNanoseconds);
+  interval.timePointCount = timePointCount;
+  interval.maximumControlPointCount = maximumControlPointCount;
+  interval.callbackTime = interval.firstTime;
+  try {
+    VelarionEmulator::Streaming::step(*static_cast<Emitter*>(emitter), interval);
+  } catch (...) {
+    return -1;
+  }
+  return 0;
+}
+
+VELARION_API int VelarionEmulator_Streaming_delivered(const void* emitter, uint32_t timePoint, uint32_t index,
+                                                      VelarionEmulatorControlPoint* out) {
+  if (emitter == nullptr || out == nullptr) return -1;
+  try {
+    copyOut(VelarionEmulator::Streaming::delivered(*static_cast<const Emitter*>(emitter), timePoint, index), out);
+  } catch (const std::exception&) {
+    return -1;
+  }
+  return 0;
+}
+
+VELARION_API int VelarionEmulator_Streaming_persistent(const void* emitter, uint32_t index,
+                                                       VelarionEmulatorControlPoint* out) {
+  if (emitter == nullptr || out == nullptr) return -1;
+  copyOut(VelarionEmulator::Streaming::persistentControlPoint(*static_cast<const Emitter*>(emitter), index), out);
+  return 0;
+}
+}
