@@ -4,7 +4,15 @@
 
 // --- interface version constants: read from the native library, so that the
 // managed side reports what the native side was built against.
-%csconst(0);
+%csconst(0) VL_SDK_VERSION;
+%csconst(0) VL_SDK_VERSION_LONG;
+%csconst(0) VL_SDK_BUILD_DATE;
+%csconst(0) VL_SDK_PLATFORM_NAME;
+%csconst(0) VL_SDK_VARIANT;
+%csconst(0) VL_SDK_VERSION_MAJOR;
+%csconst(0) VL_SDK_VERSION_MINOR;
+%csconst(0) VL_SDK_VERSION_PATCH;
+%csconst(0) VL_SDK_VERSION_INT;
 #define VL_SDK_VERSION "2.6.4-ST"
 #define VL_SDK_VERSION_LONG "2.6.4-ST-Windows-Win64"
 #define VL_SDK_BUILD_DATE "2019-01-16"
@@ -14,7 +22,6 @@
 #define VL_SDK_VERSION_MINOR 6
 #define VL_SDK_VERSION_PATCH 4
 #define VL_SDK_VERSION_INT 132612
-%csconst(1);
 
 namespace Velarion {
 
@@ -135,9 +142,8 @@ class VersionInfo {
 
 }  // namespace Velarion
 
-// StringList and DeviceInfoList must be known before the library returns them.
-// (lists.i goes here once it exists)
-
+// StringList and DeviceInfoList (lists.i) are declared before this file, so
+// the gatherers below return them rather than opaque pointers.
 namespace Velarion {
 
 class LoggingExternalInterface;
