@@ -1,1 +1,128 @@
-// Amplitude modulation: control points, collection, emitter.
+// Amplitude modulation: control points, the collection handed to the emitter
+// in one call, and the emitter.
+%include <arrays_csharp.i>
+
+namespace Velarion {
+namespace AmplitudeModulation {
+
+%rename(AmplitudeModulationControlPoint) ControlPoint;
+
+// The shortened forms default the modulation frequency to 125 Hz.
+class ControlPoint {
+ public:
+  ControlPoint(float x, float y, float z, float intensity, float frequency = 125.0f);
+  ControlPoint(const Vector3& position, float intensity, float frequency = 125.0f);
+  ControlPoint(const Vector3& position, const Vector3& direction, float intensity, float frequency = 125.0f);
+  ControlPoint(float x, float y, float z, float intensity, float frequency, float phaseAngle);
+  ControlPoint(const Vector3& position, float intensity, float frequency, float phaseAngle);
+  ControlPoint(const ControlPoint& other);
+  ~ControlPoint();
+  Vector3 getPosition() const;
+  Vector3 getDirection() const;
+  void setPosition(const Vector3& position);
+  void setDirection(const Vector3& direction);
+  float getIntensity() const;
+  void setIntensity(float intensity);
+  float getFrequency() const;
+  void setFrequency(float frequency);
+  float getPhaseAngle() const;
+  void setPhaseAngle(float phaseAngle);
+  void autoPhaseAngle();
+};
+
+// data() is borrowed: it points into the collection.
+class ControlPointCollection {
+ public:
+  ControlPointCollection();
+  virtual ~ControlPointCollection();
+  void add(const ControlPoint& point);
+  void clear();
+  ControlPoint* data();
+  ControlPoint get(unsigned int index) const;
+  size_t length() const;
+  void remove(unsigned int index);
+  void set(unsigned int index, const ControlPoint& point);
+};
+
+%rename(AmplitudeModulationEmitter) Emitter;
+
+// A moved-from emitter stays with its managed owner, which still disposes it.
+%typemap(csin) Emitter&& "$csclassname.getCPtr($csinput)"
+
+// The _internal members are wrapped by friendlier C# below.
+%rename(getExtendedOption_internal) Emitter::getExtendedOption;
+%rename(update_internal) Emitter::update;
+
+// The caller's byte buffer is filled in place; null asks for the size.
+%apply unsigned char OUTPUT[] { char* buffer }
+
+%typemap(cscode) Emitter %{
+  // Emits the collection's points until the next update.
+  public bool update(ControlPointCollection points) {
+    return update_internal(points);
+  }
+
+  // Emits these points until the next update.
+  public bool update(params AmplitudeModulationControlPoint[] points) {
+    using (var collection = new ControlPointCollection()) {
+      foreach (var point in points) collection.add(point);
+      return update_internal(collection);
+    }
+  }
+
+  public string getExtendedOption(string name) {
+    return getManagedExtendedOption(name);
+  }
+%}
+
+class Emitter {
+ public:
+  enum ReEmitPoints {
+    ReEmitInEmitterSpace = 0,
+    ReEmitFollowingDevice = 1,
+    DoNotReEmit = 2
+  };
+
+  Emitter();
+  Emitter(const char* identifier);
+  Emitter(const char* identifier, Transform transform);
+  Emitter(Emitter&& other);
+  virtual ~Emitter();
+  virtual void initialize();
+
+  bool addDevice(const char* identifier, Transform transform = Transform());
+  bool removeDevice(const char* identifier);
+  bool setDeviceTransform(const char* identifier, Transform transform, ReEmitPoints reEmit = ReEmitInEmitterSpace);
+  Transform getDeviceTransform(const char* identifier) const;
+  bool setDeviceSelectionMode(DeviceSelectionMode mode);
+  DeviceSelectionMode getDeviceSelectionMode() const;
+  bool isConnected();
+  %extend {
+    bool update(const ControlPointCollection& points);
+  }
+  bool stop();
+  bool reset();
+  float arrayWidth() const;
+  float arrayDepth() const;
+  float interactionSpaceWidth() const;
+  float interactionSpaceHeight() const;
+  float interactionSpaceDepth() const;
+  unsigned int getMaximumControlPointLimit() const;
+  unsigned int setSampleRate(unsigned int rate);
+  unsigned int getSampleRate() const;
+  unsigned int getSampleRateLimit() const;
+  bool setExtendedOption(const char* name, const char* value);
+  size_t getExtendedOption(const char* name, char* buffer, size_t size) const;
+  %extend {
+    std::string getManagedExtendedOption(const char* name) const;
+  }
+  DeviceInfo getDeviceInfo() const;
+  DeviceInfo getDeviceInfo(const std::string& identifier) const;
+  void* getStateEmitter();
+  void* getStateEmitter(const std::string& identifier);
+};
+
+%clear char* buffer;
+
+}  // namespace AmplitudeModulation
+}  // namespace Velarion

@@ -6,4 +6,5 @@
 
 %include "common.i"
 %include "geometry.i"
+%include "lists.i"
 %include "device.i"
