@@ -72,6 +72,14 @@ TEST_F(ControlPointRecords, MethodsApplyTheRulesWhileFieldAccessorsBypassThem) {
   EXPECT_EQ(getIntensity(c), 1.f);
   call<void(void*, float)>("CSharp_Velarion_ControlPointBase_setIntensity", c, kNaN);
   EXPECT_EQ(call<float(void*)>("CSharp_Velarion_ControlPointBase_intensity_get", c), -1.f);
+  const float inf = std::numeric_limits<float>::infinity();
+  const float clamped[][2] = {{inf, 1.f}, {-inf, -1.f}, {-1.f, -1.f}, {1.f, 1.f}, {1e-40f, 1e-40f}};
+  for (const auto& [in, out] : clamped) {
+    call<void(void*, float)>("CSharp_Velarion_ControlPointBase_setIntensity", c, in);
+    EXPECT_EQ(getIntensity(c), out) << in;
+  }
+  call<void(void*, float)>("CSharp_Velarion_ControlPointBase_setIntensity", c, -0.0f);
+  EXPECT_TRUE(std::signbit(getIntensity(c))) << "-0 passes through as fmaxf/fminf leave it";
 
   call<void(void*, float)>("CSharp_Velarion_ControlPointBase_phase_angle_set", c, 0.3f);
   call<void(void*, float)>("CSharp_Velarion_ControlPointBase_setPhaseAngle", c, 0.7f);

@@ -14,7 +14,12 @@
 namespace Velarion {
 
 // Keeps an intensity in [-1, 1]; the NaN-ignoring fmaxf turns NaN into -1.
-inline float clampIntensity(float value) { return std::fminf(std::fmaxf(-1.0f, value), 1.0f); }
+// Values already in range are returned as they are (the two calls would give
+// the same, signed zeros included); only the rest pay for the library calls.
+inline float clampIntensity(float value) {
+  if (value >= -1.0f && value <= 1.0f) return value;
+  return std::fminf(std::fmaxf(-1.0f, value), 1.0f);
+}
 
 struct ControlPointBase {
   static constexpr float automaticPhaseAngle = -1.0f;
