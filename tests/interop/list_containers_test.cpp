@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "VelarionEmulator/Devices.h"
+
 using namespace harness;
 
 namespace {
@@ -232,4 +234,75 @@ TEST_F(StringListExports, RepeatCopiesAndRangeOperationsGivenTheirOwnList) {
   EXPECT_EQ(failure(), "1|null string|<null>");
   EXPECT_EQ(read(list), Strings{});
   call<void(void*)>("CSharp_Velarion_delete_StringList", nullptr);
+}
+
+namespace {
+
+// DeviceInfoList shares the operations; what differs is how elements cross.
+class DeviceInfoListExports : public ExportTest {
+ protected:
+  void SetUp() override {
+    ExportTest::SetUp();
+    VelarionEmulator::Devices::resetToDefaults();
+    library = call<void*()>("CSharp_Velarion_new_VelarionLibrary__SWIG_0");
+    for (unsigned i = 0; i < 2; ++i) {
+      infos.push_back(call<void*(void*, unsigned)>("CSharp_Velarion_VelarionLibrary_getDeviceInfoByIndex", library, i));
+    }
+    list = call<void*()>("CSharp_Velarion_new_DeviceInfoList__SWIG_0");
+  }
+  void TearDown() override {
+    for (void* info : infos) call<void(void*)>("CSharp_Velarion_delete_DeviceInfo", info);
+    call<void(void*)>("CSharp_Velarion_delete_DeviceInfoList", list);
+    call<void(void*)>("CSharp_Velarion_delete_VelarionLibrary", library);
+    ExportTest::TearDown();
+  }
+  static std::string identifier(void* info) {
+    return managedString(call<void*(void*)>("CSharp_Velarion_DeviceInfo_getDeviceIdentifier", info)).value();
+  }
+  void* library = nullptr;
+  void* list = nullptr;
+  std::vector<void*> infos;
+};
+
+}  // namespace
+
+TEST_F(DeviceInfoListExports, ElementsAreBorrowedByGetitemAndOwnedCopiesByGetitemcopy) {
+  call<void(void*, void*)>("CSharp_Velarion_DeviceInfoList_Add", list, infos[1]);
+  call<void(void*, int, void*)>("CSharp_Velarion_DeviceInfoList_Insert", list, 0, infos[0]);
+  ASSERT_EQ(call<uint32_t(void*)>("CSharp_Velarion_DeviceInfoList_size", list), 2u);
+
+  void* borrowed = call<void*(void*, int)>("CSharp_Velarion_DeviceInfoList_getitem", list, 1);
+  EXPECT_EQ(borrowed, call<void*(void*, int)>("CSharp_Velarion_DeviceInfoList_getitem", list, 1))
+      << "the same element, not a copy";
+  EXPECT_EQ(identifier(borrowed), identifier(infos[1]));
+  void* copy = call<void*(void*, int)>("CSharp_Velarion_DeviceInfoList_getitemcopy", list, 0);
+  EXPECT_NE(copy, call<void*(void*, int)>("CSharp_Velarion_DeviceInfoList_getitem", list, 0));
+  EXPECT_EQ(identifier(copy), identifier(infos[0]));
+  call<void(void*)>("CSharp_Velarion_delete_DeviceInfo", copy);
+
+  call<void(void*)>("CSharp_Velarion_DeviceInfoList_Reverse__SWIG_0", list);
+  EXPECT_EQ(identifier(call<void*(void*, int)>("CSharp_Velarion_DeviceInfoList_getitem", list, 0)),
+            identifier(infos[1]));
+  EXPECT_EQ(call<void*(void*, int)>("CSharp_Velarion_DeviceInfoList_getitem", list, 2), nullptr);
+  EXPECT_EQ(takePending().paramName, "index");
+}
+
+TEST_F(DeviceInfoListExports, NullElementsAndListsUseTheDeviceInfoMessages) {
+  const std::string element = "Velarion::DeviceInfo const & type is null";
+  call<void(void*, int, void*)>("CSharp_Velarion_DeviceInfoList_Insert", list, 5, nullptr);
+  EXPECT_EQ(takePending().message, element) << "the value is checked before the index";
+  call<void(void*, void*)>("CSharp_Velarion_DeviceInfoList_Add", list, nullptr);
+  EXPECT_EQ(takePending().message, element);
+  EXPECT_EQ(call<void*(void*, int)>("CSharp_Velarion_DeviceInfoList_Repeat", nullptr, 1), nullptr);
+  EXPECT_EQ(takePending().message, element);
+  call<void(void*, int, void*)>("CSharp_Velarion_DeviceInfoList_SetRange", list, 0, nullptr);
+  EXPECT_EQ(takePending().message, "std::vector< Velarion::DeviceInfo > const & type is null");
+  EXPECT_EQ(call<uint32_t(void*)>("CSharp_Velarion_DeviceInfoList_size", list), 0u);
+
+  void* repeated = call<void*(void*, int)>("CSharp_Velarion_DeviceInfoList_Repeat", infos[0], 3);
+  EXPECT_EQ(call<uint32_t(void*)>("CSharp_Velarion_DeviceInfoList_size", repeated), 3u);
+  call<void(void*, void*)>("CSharp_Velarion_DeviceInfoList_AddRange", list, repeated);
+  call<void(void*, int, int)>("CSharp_Velarion_DeviceInfoList_RemoveRange", list, 1, 2);
+  EXPECT_EQ(call<uint32_t(void*)>("CSharp_Velarion_DeviceInfoList_size", list), 1u);
+  call<void(void*)>("CSharp_Velarion_delete_DeviceInfoList", repeated);
 }
