@@ -12,6 +12,7 @@ namespace Velarion.Demo
             Console.WriteLine("VelarionCSharp demo (emulated device library)");
             Console.WriteLine();
             Vectors();
+            AmplitudeModulation();
             return 0;
         }
 
@@ -32,6 +33,41 @@ namespace Velarion.Demo
             {
                 Console.WriteLine($"a null operand is reported as {e.GetType().Name}: {e.Message}");
             }
+            Console.WriteLine();
+        }
+
+        // --- Amplitude modulation (a focal point on the first device) ---------
+
+        // The emulator's view of the field, from its control interface.
+        [System.Runtime.InteropServices.DllImport("Velarion")]
+        private static extern void VelarionEmulator_AmplitudeModulation_setManualStepping(int manual);
+        [System.Runtime.InteropServices.DllImport("Velarion")]
+        private static extern float VelarionEmulator_AmplitudeModulation_pressureAmplitudeAt(float x, float y, float z);
+
+        private static void AmplitudeModulation()
+        {
+            Console.WriteLine("== Amplitude modulation ==");
+            // Hold the envelopes at their peak so the printed field is repeatable.
+            VelarionEmulator_AmplitudeModulation_setManualStepping(1);
+            using var library = new VelarionLibrary();
+            using var identifiers = library.getManagedDeviceIdentifiers();
+            Console.WriteLine($"devices: {string.Join(", ", identifiers)}");
+            using var placement = new Transform();
+            using var emitter = new AmplitudeModulationEmitter(identifiers[0], placement);
+            Console.WriteLine($"emitter on {identifiers[0]}: connected {emitter.isConnected()}, " +
+                              $"{emitter.getSampleRate()} Hz of {emitter.getSampleRateLimit()} Hz, " +
+                              $"up to {emitter.getMaximumControlPointLimit()} points, " +
+                              $"speed of sound {emitter.getExtendedOption("speedOfSound")} m/s");
+            using var points = new ControlPointCollection();
+            using (var point = new AmplitudeModulationControlPoint(0.0f, 0.0f, 0.2f, 1.0f, 200.0f))
+            {
+                points.add(point);
+            }
+            Console.WriteLine($"update with {points.length()} point at (0, 0, 0.2) m, 200 Hz: {emitter.update(points)}");
+            Console.WriteLine($"pressure at the point: {VelarionEmulator_AmplitudeModulation_pressureAmplitudeAt(0f, 0f, 0.2f):0} Pa, " +
+                              $"2 cm beside it: {VelarionEmulator_AmplitudeModulation_pressureAmplitudeAt(0.02f, 0f, 0.2f):0} Pa");
+            Console.WriteLine($"stop: {emitter.stop()}");
+            VelarionEmulator_AmplitudeModulation_setManualStepping(0);
             Console.WriteLine();
         }
 
