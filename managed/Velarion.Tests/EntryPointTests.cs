@@ -18,9 +18,15 @@ namespace Velarion.Tests
         private static Type PInvokeClass(string module) =>
             typeof(NVector3).Assembly.GetType($"Velarion.{module}PINVOKE", throwOnError: true);
 
+        // The PINVOKE class and its nested helpers (the registration imports
+        // live in the nested exception and string helpers).
+        private static IEnumerable<Type> WithNested(Type type) =>
+            new[] { type }.Concat(type.GetNestedTypes(BindingFlags.Public | BindingFlags.NonPublic).SelectMany(WithNested));
+
         private static IEnumerable<(string Module, string EntryPoint)> ImportedEntryPoints() =>
             from module in Modules
-            from method in PInvokeClass(module).GetMethods(BindingFlags.Static | BindingFlags.Public | BindingFlags.NonPublic)
+            from type in WithNested(PInvokeClass(module))
+            from method in type.GetMethods(BindingFlags.Static | BindingFlags.Public | BindingFlags.NonPublic | BindingFlags.DeclaredOnly)
             let import = method.GetCustomAttribute<DllImportAttribute>()
             where import != null
             select (module, import.EntryPoint ?? method.Name);
