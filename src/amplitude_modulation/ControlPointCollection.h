@@ -10,6 +10,8 @@
 namespace Velarion {
 namespace AmplitudeModulation {
 
+static_assert(sizeof(ControlPoint) == sizeof(void*), "control points are stored and handed over as one pointer each");
+
 class ControlPointCollection {
  public:
   ControlPointCollection() = default;

@@ -8,6 +8,9 @@
 namespace Velarion {
 namespace AmplitudeModulation {
 
+// The device library constructs emitters in storage allocated here.
+static_assert(sizeof(Emitter) == 2 * sizeof(void*), "an emitter is its virtual table pointer and one pointer");
+
 Emitter::Emitter(const char* identifier, Transform transform) : implementation_(nullptr) {
   init(identifier, transform);
   // The interface version these headers describe, announced on every
