@@ -6,5 +6,8 @@
 
 %include "common.i"
 %include "geometry.i"
+%include "logging.i"
 %include "lists.i"
 %include "device.i"
+%include "records.i"
+%include "hosttime.i"

@@ -1,0 +1,150 @@
+using System;
+using System.Runtime.InteropServices;
+
+namespace Velarion
+{
+    /// <summary>
+    /// One output interval: the time points to fill in and, for each, a row of
+    /// control point records. Valid only during the call it was handed to.
+    /// </summary>
+    public readonly ref struct EmissionInterval
+    {
+        private readonly Span<EmissionControlPointRecord> records;
+
+        internal EmissionInterval(HostTime callbackTime, ReadOnlySpan<HostTime> timePoints,
+                                  Span<EmissionControlPointRecord> records, int controlPointCount, int stride)
+        {
+            CallbackTime = callbackTime;
+            TimePoints = timePoints;
+            this.records = records;
+            ControlPointCount = controlPointCount;
+            Stride = stride;
+        }
+
+        /// <summary>The host time at which the device library asked.</summary>
+        public HostTime CallbackTime { get; }
+
+        /// <summary>The sample times of this interval, in order.</summary>
+        public ReadOnlySpan<HostTime> TimePoints { get; }
+
+        public int TimePointCount => TimePoints.Length;
+
+        /// <summary>Control points per time point that may be set.</summary>
+        public int ControlPointCount { get; }
+
+        /// <summary>Records from one row to the next in <see cref="Records"/>.</summary>
+        public int Stride { get; }
+
+        /// <summary>
+        /// Every row, one after the other: record (k, j) is element k * Stride + j.
+        /// Only the first ControlPointCount records of each row are read back.
+        /// </summary>
+        public Span<EmissionControlPointRecord> Records => records;
+
+        /// <summary>The control points of time point <paramref name="timePoint"/>.</summary>
+        public Span<EmissionControlPointRecord> Row(int timePoint) =>
+            records.Slice(checked(timePoint * Stride), ControlPointCount);
+
+        public ref EmissionControlPointRecord this[int timePoint, int controlPoint]
+        {
+            get
+            {
+                if ((uint)controlPoint >= (uint)ControlPointCount) throw new ArgumentOutOfRangeException(nameof(controlPoint));
+                return ref records[checked(timePoint * Stride + controlPoint)];
+            }
+        }
+    }
+
+    /// <summary>
+    /// The application's side of time-point streaming: override
+    /// <see cref="OnEmission"/> to fill in each output interval. Keep the object
+    /// alive (and undisposed) for as long as it is installed in an emitter: the
+    /// device library holds only the native pointer.
+    /// </summary>
+    /// <remarks>
+    /// <see cref="OnEmission"/> runs on the device library's emission thread.
+    /// An exception it throws is caught here, never unwinding into native
+    /// frames: the interval's answer is dropped (nothing of it is written back)
+    /// and the exception is reported through <see cref="EmissionFailed"/> (or
+    /// standard error when nobody listens).
+    /// </remarks>
+    public abstract class EmissionCallback : EmissionCallbackWrapper
+    {
+        protected EmissionCallback() : base(IntPtr.Zero)
+        {
+        }
+
+        protected EmissionCallback(TimePointStreamingEmitter emitter)
+            : base(TimePointStreamingEmitter.getCPtr(emitter).Handle)
+        {
+        }
+
+        /// <summary>
+        /// While suspended, the device library's intervals are answered by
+        /// replaying the last answer, without calling <see cref="OnEmission"/>.
+        /// </summary>
+        public bool Suspended
+        {
+            get => isSuspended();
+            set => setSuspended(value);
+        }
+
+        public event Action<Exception> EmissionFailed;
+
+        protected abstract void OnEmission(EmissionInterval interval);
+
+        public sealed override unsafe void callback(uint timepointCount, uint controlpointCount, uint controlpointStride,
+                                                    IntPtr callbackTime, IntPtr timepoints, IntPtr controlpoints)
+        {
+            var records = Span<EmissionControlPointRecord>.Empty;
+            try
+            {
+                int rows = (int)timepointCount;
+                int stride = (int)controlpointStride;
+                records = new Span<EmissionControlPointRecord>((void*)controlpoints, checked(rows * stride));
+                var interval = new EmissionInterval(
+                    *(HostTime*)callbackTime,
+                    new ReadOnlySpan<HostTime>((void*)timepoints, rows),
+                    records, (int)controlpointCount, stride);
+                OnEmission(interval);
+            }
+            catch (Exception e)
+            {
+                // A half-made answer is not emitted: the interval stays as the
+                // device library made it.
+                foreach (ref var record in records) record.Modified = false;
+                var failed = EmissionFailed;
+                try
+                {
+                    if (failed != null) failed(e);
+                    else Console.Error.WriteLine($"Velarion: emission callback failed: {e}");
+                }
+                catch (Exception)
+                {
+                    // The reporting handler failed as well; there is nobody left to tell.
+                }
+            }
+        }
+    }
+
+    /// <summary>The handler of a <see cref="DelegateEmissionCallback"/>.</summary>
+    public delegate void EmissionHandler(EmissionInterval interval);
+
+    /// <summary>Fills each output interval with a delegate.</summary>
+    public sealed class DelegateEmissionCallback : EmissionCallback
+    {
+        private readonly EmissionHandler handler;
+
+        public DelegateEmissionCallback(EmissionHandler handler)
+        {
+            this.handler = handler ?? throw new ArgumentNullException(nameof(handler));
+        }
+
+        public DelegateEmissionCallback(TimePointStreamingEmitter emitter, EmissionHandler handler) : base(emitter)
+        {
+            this.handler = handler ?? throw new ArgumentNullException(nameof(handler));
+        }
+
+        protected override void OnEmission(EmissionInterval interval) => handler(interval);
+    }
+}

@@ -1,0 +1,32 @@
+// Host time as the managed side sees it: durations it may own (made from
+// nanoseconds or by the product), and time points it only ever borrows.
+namespace Velarion {
+
+struct HostDuration {
+  %immutable;
+  long long seconds;
+  unsigned int fraction;
+  %mutable;
+
+  // From a nanosecond count.
+  HostDuration(long long nanoseconds);
+  long long nanoseconds() const;
+};
+
+// Lent out by the device library (last sample time, emission callback time).
+%nodefaultctor HostTimePoint;
+%nodefaultdtor HostTimePoint;
+struct HostTimePoint {
+  %immutable;
+  long long seconds;
+  unsigned int fraction;
+  %mutable;
+
+  // Since the steady clock's epoch.
+  long long nanoseconds() const;
+};
+
+// Numbered after the geometry operators: operator_multiply__SWIG_8.
+HostDuration operator*(unsigned int n, const HostDuration& duration);
+
+}  // namespace Velarion
