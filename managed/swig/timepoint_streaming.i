@@ -25,18 +25,85 @@ class EmissionCallbackWrapper {
   void* emitter;
 };
 
+// --- The emitter ------------------------------------------------------------
+// Opened on a device by identifier and transform; calls the installed
+// EmissionCallbackWrapper from the device library's emission thread once
+// started. Stop it before disposing the emitter or the callback.
+%include <arrays_csharp.i>
+
 namespace Velarion {
 namespace TimePointStreaming {
 
 %rename(TimePointStreamingEmitter) Emitter;
-%nodefaultctor Emitter;
-%nodefaultdtor Emitter;
+
+// A moved-from emitter stays with its managed owner, which still disposes it.
+%typemap(csin) Emitter&& "$csclassname.getCPtr($csinput)"
+
+%rename(getExtendedOption_internal) Emitter::getExtendedOption;
+
+// The caller's byte buffer is filled in place; null asks for the size.
+%apply unsigned char OUTPUT[] { char* buffer }
+
+%typemap(cscode) Emitter %{
+  public string getExtendedOption(string name) {
+    return getManagedExtendedOption(name);
+  }
+
+  // Borrowed from the emitter: valid while it lives.
+  public HostDuration SamplingInterval => getManagedSamplingInterval();
+  public HostTimePoint LastSampleTime => getManagedLastSampleTime();
+%}
+
 class Emitter {
  public:
+  Emitter();
+  Emitter(const char* identifier);
+  Emitter(const char* identifier, Transform transform);
+  Emitter(Emitter&& other);
+  virtual ~Emitter();
+  virtual void initialize();
+
+  bool addDevice(const char* identifier, Transform transform = Transform());
+  bool removeDevice(const char* identifier);
+  bool setDeviceTransform(const char* identifier, Transform transform);
+  Transform getDeviceTransform(const char* identifier) const;
+  bool setDeviceSelectionMode(DeviceSelectionMode mode);
+  DeviceSelectionMode getDeviceSelectionMode() const;
   %extend {
+    // Null uninstalls: the device library then leaves every interval as it is.
     bool setManagedEmissionCallback(EmissionCallbackWrapper* wrapper);
   }
+  bool start();
+  bool stop();
+  bool reset();
+  bool isConnected();
+  unsigned int setMaximumControlPointCount(unsigned int count);
+  unsigned int getMaximumControlPointCount() const;
+  unsigned int getMaximumControlPointLimit() const;
+  unsigned int setSampleRate(unsigned int rate);
+  unsigned int getSampleRate() const;
+  unsigned int getSampleRateLimit() const;
+  %extend {
+    const HostDuration& getManagedSamplingInterval() const;
+    const HostTimePoint& getManagedLastSampleTime() const;
+  }
+  float arrayWidth() const;
+  float arrayDepth() const;
+  float interactionSpaceWidth() const;
+  float interactionSpaceHeight() const;
+  float interactionSpaceDepth() const;
+  bool setExtendedOption(const char* name, const char* value);
+  size_t getExtendedOption(const char* name, char* buffer, size_t size) const;
+  %extend {
+    std::string getManagedExtendedOption(const char* name) const;
+  }
+  DeviceInfo getDeviceInfo() const;
+  DeviceInfo getDeviceInfo(const std::string& identifier) const;
+  void* getStateEmitter();
+  void* getStateEmitter(const std::string& identifier);
 };
+
+%clear char* buffer;
 
 }  // namespace TimePointStreaming
 }  // namespace Velarion

@@ -1,11 +1,11 @@
 // AmplitudeModulationEmitter.
-#include <memory>
 #include <new>
 #include <string>
 
 #include "Velarion/AmplitudeModulation/Emitter.h"
 #include "amplitude_modulation/ControlPointCollection.h"
 #include "interop/casting.h"
+#include "interop/extended_option.h"
 #include "interop/native_names.h"
 
 using Velarion::DeviceSelectionMode;
@@ -14,23 +14,6 @@ using Velarion::AmplitudeModulation::ControlPointCollection;
 using Velarion::AmplitudeModulation::Emitter;
 using namespace vlcs;
 using E = Exports<Module::amplitudemodulation>;
-
-namespace {
-
-// Size query, then one read into a buffer of exactly that size. The bytes the
-// read reports are kept as they are, NUL included.
-std::string managedExtendedOption(const Emitter& emitter, const char* name) {
-  const size_t size = emitter.getExtendedOption(name, nullptr, 0);
-  if (size == 0) {
-    return std::string();
-  }
-  std::unique_ptr<char[]> buffer(new char[size]);
-  const size_t written = emitter.getExtendedOption(name, buffer.get(), size);
-  // A value that grew between the two calls reports more than the buffer holds.
-  return std::string(buffer.get(), written < size ? written : size);
-}
-
-}  // namespace
 
 VL_CSHARP_EXPORT void* VL_CSHARP_CALL CSharp_Velarion_new_AmplitudeModulationEmitter__SWIG_0() {
   return new (std::nothrow) Emitter();

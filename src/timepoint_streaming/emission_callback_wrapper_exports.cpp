@@ -68,11 +68,3 @@ VL_CSHARP_EXPORT void* VL_CSHARP_CALL CSharp_Velarion_EmissionCallbackWrapper_em
 VL_CSHARP_EXPORT void VL_CSHARP_CALL CSharp_Velarion_EmissionCallbackWrapper_emitter_set(void* self, void* emitter) {
   setField(self, &EmissionCallbackWrapper::emitter, static_cast<Emitter*>(emitter));
 }
-
-// The wrapper goes to the device library as the callback's user data, unchecked
-// and not owned: a null wrapper makes every interval pass untouched.
-VL_CSHARP_EXPORT unsigned int VL_CSHARP_CALL CSharp_Velarion_TimePointStreamingEmitter_setManagedEmissionCallback(
-    void* self, void* wrapper) {
-  return E::call([wrapper](Emitter& e) { return e.setEmissionCallback(&nativeEmissionCallback, wrapper); },
-                 Self<Emitter>{self});
-}

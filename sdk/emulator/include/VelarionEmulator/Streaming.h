@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "Velarion/Export.h"
 #include "Velarion/HostTime.h"
@@ -80,3 +81,66 @@ VELARION_API int VelarionEmulator_Streaming_delivered(const void* emitter, uint3
 VELARION_API int VelarionEmulator_Streaming_persistent(const void* emitter, uint32_t index,
                                                        VelarionEmulatorControlPoint* out);
 }
+
+// --- Real-time emission ----------------------------------------------------
+// A started emitter hands out output intervals on its own thread: about 2 ms
+// of time points each, 4 ms before the first of them is due, gapless from one
+// interval to the next. An interval whose callback returns after its first
+// time point missed its deadline. While it runs, the emitter records what it
+// emits (the newest samples) and how long each callback took.
+
+extern "C" {
+
+// One control point of one emitted time point, in the emitter's space.
+struct VelarionEmulatorEmittedSample {
+  int64_t timeNanoseconds;  // steady clock
+  float position[3];
+  float intensity;
+  uint32_t index;  // the control point's column
+  uint32_t enabled;
+};
+
+// The current run, or the last one (start() begins a new one).
+struct VelarionEmulatorEmissionStatistics {
+  uint64_t intervals;
+  uint64_t timePoints;
+  uint64_t missedDeadlines;
+  // Over the newest 65536 callbacks.
+  double callbackMedianMicroseconds;
+  double callbackP99Microseconds;
+  double callbackMaximumMicroseconds;
+  // How late the latest answer came; 0 when none missed its deadline.
+  double worstLatenessMicroseconds;
+  // From the first to the last time point handed out.
+  double streamedSeconds;
+  uint32_t emitting;
+  // The emission thread got a real-time scheduling priority.
+  uint32_t raisedPriority;
+};
+
+// `handle` is an emitter (Emitter*) or one of its state emitters
+// (getStateEmitter()); -1, or 0 samples, for anything else.
+VELARION_API int VelarionEmulator_Streaming_statistics(const void* handle, VelarionEmulatorEmissionStatistics* out);
+// Copies the newest min(capacity, recorded) samples, oldest first, and
+// returns their number; with a null `out`, returns how many are recorded.
+VELARION_API uint32_t VelarionEmulator_Streaming_emittedSamples(const void* handle, VelarionEmulatorEmittedSample* out,
+                                                                uint32_t capacity);
+}
+
+namespace VelarionEmulator {
+namespace Streaming {
+
+using EmittedSample = VelarionEmulatorEmittedSample;
+using EmissionStatistics = VelarionEmulatorEmissionStatistics;
+
+// Samples kept: 6.5 s of one control point at 40 kHz.
+constexpr std::size_t kDefaultRecordCapacity = 262144;
+
+VELARION_API EmissionStatistics statistics(const Velarion::TimePointStreaming::Emitter& emitter);
+// Oldest first.
+VELARION_API std::vector<EmittedSample> emittedSamples(const Velarion::TimePointStreaming::Emitter& emitter);
+// Takes effect at the next start().
+VELARION_API void setRecordCapacity(Velarion::TimePointStreaming::Emitter& emitter, std::size_t samples);
+
+}  // namespace Streaming
+}  // namespace VelarionEmulator

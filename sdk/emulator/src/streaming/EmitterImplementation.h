@@ -1,45 +1,204 @@
-// State of a time-point streaming emitter inside the emulator.
+// State of a time-point streaming emitter inside the emulator: the devices it
+// holds, its settings, the persistent control points, and the emission thread
+// that hands out output intervals ahead of their deadlines.
 #pragma once
 
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <set>
+#include <string>
+#include <thread>
+#include <utility>
 #include <vector>
 
 #include "Velarion/HostTime.h"
+#include "Velarion/LoggingExternalInterface.h"
 #include "Velarion/TimePointStreaming/ControlPointPersistent.h"
 #include "Velarion/TimePointStreaming/Emitter.h"
+#include "Velarion/Transform.h"
+#include "VelarionEmulator/Streaming.h"
 #include "streaming/EmulatedInterval.h"
 
 namespace Velarion {
 namespace TimePointStreaming {
 
+struct EmitterImplementation;
+
+// A device the emitter holds; its address is the emitter's state-emitter handle.
+struct HeldDevice {
+  std::string identifier;
+  Transform transform;
+  float arrayWidth = 0.0f;
+  float arrayDepth = 0.0f;
+  // False once the device was removed or disconnected under the emitter.
+  bool present = true;
+};
+
+// What one run of the emission thread measured.
+struct EmissionRecord {
+  using Sample = VelarionEmulator::Streaming::EmittedSample;
+
+  // Bounded: the newest `capacity` samples are kept, oldest overwritten.
+  std::vector<Sample> samples;
+  std::size_t capacity = VelarionEmulator::Streaming::kDefaultRecordCapacity;
+  std::size_t next = 0;  // where the next sample goes once full
+  bool full = false;
+  // Callback durations of the newest intervals, nanoseconds.
+  std::vector<uint32_t> callbackNanoseconds;
+  std::size_t nextCallback = 0;
+
+  uint64_t intervals = 0;
+  uint64_t timePoints = 0;
+  uint64_t missedDeadlines = 0;
+  int64_t worstLatenessNanoseconds = 0;
+  int64_t firstTimeNanoseconds = 0;
+  int64_t lastTimeNanoseconds = 0;
+  bool raisedPriority = false;
+
+  void clear();
+  void add(const Sample& sample);
+  void addCallback(int64_t nanoseconds);
+  std::vector<Sample> ordered() const;
+};
+
 struct EmitterImplementation {
+  using Clock = std::chrono::steady_clock;
+
   static constexpr unsigned int kControlPointLimit = 32;
   static constexpr unsigned int kSampleRateLimit = 40000;
-  static constexpr unsigned int kDefaultSampleRate = 16000;
+  static constexpr unsigned int kDefaultSampleRate = 40000;
+  static constexpr unsigned int kDefaultMaximumControlPointCount = 1;
+  // Output intervals last about this long, and are handed out this far ahead
+  // of their first time point (which is also their deadline).
+  static constexpr int64_t kDefaultIntervalNanoseconds = 2000000;
+  static constexpr int64_t kDefaultLeadNanoseconds = 4000000;
 
-  EmitterImplementation();
+  explicit EmitterImplementation(const Emitter* owner);
 
-  // Grows the carried control points to at least `count`; new ones are off.
-  void ensurePersistent(unsigned int count);
+  // Everything below up to the emission side is guarded by `mutex`.
+  mutable std::mutex mutex;
+  // The Emitter object that owns this state (moves update it): the emission
+  // thread hands it to the callback.
+  const Emitter* owner;
+  DeviceSelectionMode mode = DeviceSelectionMode::SingleDevice;
+  std::string requested;  // the device named at construction
+  Transform requestedTransform;
+  std::vector<std::unique_ptr<HeldDevice>> devices;
+  uint64_t registryRevision = ~uint64_t(0);
 
-  unsigned int maximumControlPointCount = 1;
+  unsigned int maximumControlPointCount = kDefaultMaximumControlPointCount;
   unsigned int sampleRate = kDefaultSampleRate;
   HostDuration samplingInterval;
   HostTimePoint lastSampleTime;
-
+  int64_t intervalNanoseconds = kDefaultIntervalNanoseconds;
+  int64_t leadNanoseconds = kDefaultLeadNanoseconds;
   Emitter::EmissionCallback callback = nullptr;
   void* userData = nullptr;
 
+  // Log lines noted under `mutex`, written once it is released: a log
+  // callback may call back into the emitter.
+  std::vector<std::pair<LogLevel, std::string>> pendingLog;
+
+  // The emission thread.
+  std::thread thread;
+  std::condition_variable wake;
+  bool emitting = false;       // the thread runs, or is about to
+  bool stopRequested = false;  // asks the thread to leave
+  std::chrono::steady_clock::time_point lastMissLog;
+  uint64_t missesSinceLog = 0;
+
+  // The emission side: used by the emission thread while it runs, otherwise
+  // by stepping. Never both at once (stepping refuses while emitting).
   // The state each control point carries from one interval into the next.
   std::vector<ControlPointPersistent> persistent;
   // The interval last delivered, reused for the next one.
   VelarionEmulator::internal::EmulatedInterval interval;
+
+  // What the thread measured; guarded by `recordMutex`, which the thread
+  // takes briefly once per interval.
+  mutable std::mutex recordMutex;
+  EmissionRecord record;
+
+  // Grows the carried control points to at least `count`; new ones are off.
+  void ensurePersistent(unsigned int count);
+
+  void note(LogLevel level, std::string message) { pendingLog.emplace_back(level, std::move(message)); }
+  // Writes the noted lines; called without `mutex` held.
+  void flushLog();
+
+  HeldDevice* find(const char* identifier);
+  const HeldDevice* find(const char* identifier) const;
+  // Marks devices that left the registry, or were disconnected, as absent.
+  void refreshDevices();
+  bool connected();
+  bool acquire(const std::string& identifier, const Transform& transform);
+  void releaseDevices();
+
+  // Under `mutex`: starts the thread unless it runs.
+  void startThread();
+  // Without `mutex`: asks the thread to leave and joins it.
+  void stopThread();
+  void run();
 };
 
 // The emulator's way into an emitter's state.
 struct EmitterAccess {
   static EmitterImplementation& of(Emitter& emitter) { return *emitter.implementation_; }
   static const EmitterImplementation& of(const Emitter& emitter) { return *emitter.implementation_; }
+  static EmitterImplementation* pointer(const Emitter& emitter) { return emitter.implementation_; }
 };
 
 }  // namespace TimePointStreaming
 }  // namespace Velarion
+
+namespace VelarionEmulator {
+namespace internal {
+namespace streaming {
+
+// Live emitters, so that the control interface can check the handles it is
+// given. Lock order: this list, then an emitter's mutex, then its record.
+class EmitterList {
+ public:
+  static EmitterList& instance();
+  void add(Velarion::TimePointStreaming::EmitterImplementation* emitter);
+  void remove(Velarion::TimePointStreaming::EmitterImplementation* emitter);
+  // Runs f on the live emitter that `handle` (an Emitter or one of its state
+  // emitters) belongs to, under the list's lock. False when there is none.
+  template <class F>
+  bool with(const void* handle, F&& f);
+
+ private:
+  std::mutex mutex_;
+  std::set<Velarion::TimePointStreaming::EmitterImplementation*> emitters_;
+};
+
+template <class F>
+bool EmitterList::with(const void* handle, F&& f) {
+  if (handle == nullptr) return false;
+  std::lock_guard<std::mutex> lock(mutex_);
+  for (auto* emitter : emitters_) {
+    bool match = false;
+    {
+      std::lock_guard<std::mutex> emitterLock(emitter->mutex);
+      match = emitter->owner == handle;
+      for (const auto& device : emitter->devices) match = match || device.get() == handle;
+    }
+    if (match) {
+      f(*emitter);
+      return true;
+    }
+  }
+  return false;
+}
+
+// Host time <-> steady clock nanoseconds.
+int64_t nanosecondsOf(const Velarion::HostTimePoint& time);
+Velarion::HostTimePoint timePointOf(int64_t nanoseconds);
+Velarion::HostDuration durationOf(int64_t nanoseconds);
+
+}  // namespace streaming
+}  // namespace internal
+}  // namespace VelarionEmulator

@@ -18,10 +18,20 @@ namespace Streaming {
 
 void step(Emitter& emitter, const Interval& spec) {
   EmitterImplementation& state = EmitterAccess::of(emitter);
-  if (spec.maximumControlPointCount) {
-    state.maximumControlPointCount = *spec.maximumControlPointCount;
+  Emitter::EmissionCallback callback = nullptr;
+  void* userData = nullptr;
+  unsigned int pointCount = 0;
+  {
+    std::lock_guard<std::mutex> lock(state.mutex);
+    // The emission side belongs to the thread while it runs.
+    if (state.emitting) throw std::logic_error("step: the emitter is emitting on its own thread");
+    if (spec.maximumControlPointCount) {
+      state.maximumControlPointCount = *spec.maximumControlPointCount;
+    }
+    pointCount = state.maximumControlPointCount;
+    callback = state.callback;
+    userData = state.userData;
   }
-  const unsigned int pointCount = state.maximumControlPointCount;
   state.ensurePersistent(pointCount);
 
   HostTimePoint end = spec.firstTime;
@@ -46,8 +56,8 @@ void step(Emitter& emitter, const Interval& spec) {
     }
   } carryOver{state, spec.timePointCount, pointCount};
 
-  if (state.callback != nullptr) {
-    state.callback(emitter, state.interval, spec.callbackTime, state.userData);
+  if (callback != nullptr) {
+    callback(emitter, state.interval, spec.callbackTime, userData);
   }
 }
 
@@ -109,7 +119,13 @@ void copyOut(const ControlPointPersistent& point, VelarionEmulatorControlPoint* 
 
 extern "C" {
 
-VELARION_API void* VelarionEmulator_Streaming_newEmitter(void) { return new Emitter(); }
+VELARION_API void* VelarionEmulator_Streaming_newEmitter(void) {
+  Emitter* emitter = new Emitter();
+  EmitterImplementation& state = EmitterAccess::of(*emitter);
+  std::lock_guard<std::mutex> lock(state.mutex);
+  state.releaseDevices();
+  return emitter;
+}
 
 VELARION_API void VelarionEmulator_Streaming_deleteEmitter(void* emitter) { delete static_cast<Emitter*>(emitter); }
 
