@@ -55,6 +55,21 @@ namespace Velarion.Tests
         }
 
         [Fact]
+        public void GathersIdentifiersAndDescriptionsInOneCall()
+        {
+            using var library = new VelarionLibrary();
+            using var identifiers = library.getManagedDeviceIdentifiers();
+            Assert.Equal(new[] { A16, C10 }, identifiers);
+
+            using var infos = library.getManagedDeviceInfos();
+            Assert.Equal(2, infos.Count);
+            Assert.Equal(A16, infos[0].getDeviceIdentifier());
+            Assert.Equal("VLC10", infos[1].getModelIdentifier());
+            using var layout = infos[0].getTransducerConfiguration();
+            Assert.Equal(256ul, layout.size());
+        }
+
+        [Fact]
         public void ReadsTransducerLayoutsAndDefaultAlignments()
         {
             using var library = new VelarionLibrary();
