@@ -12,7 +12,9 @@ namespace Velarion.Demo
             Console.WriteLine("VelarionCSharp demo (emulated device library)");
             Console.WriteLine();
             Vectors();
+            DeviceTable();
             AmplitudeModulation();
+            StreamedCircle();
             return 0;
         }
 
@@ -72,5 +74,146 @@ namespace Velarion.Demo
         }
 
         private static string Show(NVector3 v) => $"({v.x:0.####}, {v.y:0.####}, {v.z:0.####})";
+
+        // --- Device table ------------------------------------------------------
+
+        private static void DeviceTable()
+        {
+            Console.WriteLine("== Devices ==");
+            using var library = new VelarionLibrary();
+            using var infos = library.getManagedDeviceInfos();
+            Console.WriteLine($"{"identifier",-16} {"model",-6} {"serial",-9} {"firmware",-9} {"array (mm)",-11} {"elements",8}  features");
+            foreach (var info in infos)
+            {
+                using (info)
+                using (var layout = info.getTransducerConfiguration())
+                {
+                    string identifier = info.getDeviceIdentifier();
+                    string state = library.isDeviceConnected(identifier) ? "" : "  (disconnected)";
+                    Console.WriteLine($"{identifier,-16} {info.getModelIdentifier(),-6} {info.getSerialNumber(),-9} " +
+                                      $"{info.getFirmwareVersion(),-9} {$"{info.arrayWidth() * 1000:0} x {info.arrayDepth() * 1000:0}",-11} " +
+                                      $"{layout.size(),8}  {info.getSupportedFeatures()}{state}");
+                }
+            }
+            Console.WriteLine();
+        }
+
+        // --- Time-point streaming: a circle drawn in real time -----------------
+
+        private const float CircleRadius = 0.02f;      // m
+        private const double CircleFrequency = 100.0;  // turns per second
+        private const float CircleHeight = 0.2f;       // m above the array
+
+        private static void StreamedCircle()
+        {
+            Console.WriteLine("== Time-point streaming ==");
+            // The device library's own lines about streaming, as they happen.
+            using var log = new DelegateLoggingCallback((message, level, _, area) =>
+            {
+                if (area == "TimePointStreaming") Console.WriteLine($"  [log] {message}");
+            });
+            using var library = new VelarionLibrary();
+            var logging = library.getLoggingInterface_internal();
+            for (uint level = 1; level <= 3; ++level) logging.setManagedLoggingCallback(level, log);
+
+            using var identifiers = library.getManagedDeviceIdentifiers();
+            using var placement = new Transform();
+            using var emitter = new TimePointStreamingEmitter(identifiers[0], placement);
+            // Every time point gets the circle's position at that very time.
+            using var callback = new DelegateEmissionCallback(interval =>
+            {
+                for (int k = 0; k < interval.TimePointCount; ++k)
+                {
+                    ref var point = ref interval[k, 0];
+                    point.Position = CirclePosition(interval.TimePoints[k].Nanoseconds);
+                    point.Intensity = 1f;
+                    point.Enabled = true;
+                    point.Modified = true;
+                }
+            });
+            Console.WriteLine($"emitter on {identifiers[0]}: {emitter.getSampleRate()} Hz (limit {emitter.getSampleRateLimit()} Hz), " +
+                              $"{emitter.getMaximumControlPointCount()} of {emitter.getMaximumControlPointLimit()} control points, " +
+                              $"sampling interval {emitter.SamplingInterval.nanoseconds()} ns");
+            Console.WriteLine($"a circle of {CircleRadius * 100:0} cm radius, {CircleFrequency:0} turns a second, " +
+                              $"{CircleHeight * 100:0} cm above the array");
+            emitter.setManagedEmissionCallback(callback);
+            if (!emitter.start())
+            {
+                Console.WriteLine("the emitter could not start");
+                return;
+            }
+
+            var clock = System.Diagnostics.Stopwatch.StartNew();
+            var duration = TimeSpan.FromSeconds(3);
+            bool live = !Console.IsOutputRedirected;
+            var nextLine = TimeSpan.FromSeconds(1);
+            while (clock.Elapsed < duration)
+            {
+                System.Threading.Thread.Sleep(100);
+                var now = Emulation.EmulatedEmission.Statistics(emitter);
+                string progress = $"  {clock.Elapsed.TotalSeconds:0.0} s: {now.Intervals} intervals, " +
+                                  $"{now.TimePoints} time points, {now.MissedDeadlines} missed deadlines";
+                if (live) Console.Write($"\r{progress}   ");
+                else if (clock.Elapsed >= nextLine)
+                {
+                    Console.WriteLine(progress);
+                    nextLine += TimeSpan.FromSeconds(1);
+                }
+            }
+            if (live) Console.WriteLine();
+            emitter.stop();
+            emitter.setManagedEmissionCallback(null);
+
+            var s = Emulation.EmulatedEmission.Statistics(emitter);
+            Console.WriteLine($"intervals: {s.Intervals} ({(double)s.TimePoints / Math.Max(1UL, s.Intervals):0} time points each)");
+            Console.WriteLine($"samples per second: {s.TimePoints / Math.Max(s.StreamedSeconds, 1e-9):0}");
+            Console.WriteLine($"callback time: median {s.CallbackMedianMicroseconds:0.0} us, " +
+                              $"99th percentile {s.CallbackP99Microseconds:0.0} us, maximum {s.CallbackMaximumMicroseconds:0.0} us");
+            Console.WriteLine($"missed deadlines: {s.MissedDeadlines}" +
+                              (s.MissedDeadlines > 0 ? $" (the latest answer came {s.WorstLatenessMicroseconds:0} us late)" : "") +
+                              $"; real-time priority: {(s.RaisedPriority ? "yes" : "no")}");
+
+            string picture = System.IO.Path.GetFullPath("streamed-circle.svg");
+            System.IO.File.WriteAllText(picture, PathPicture(Emulation.EmulatedEmission.Samples(emitter),
+                                                             emitter.arrayWidth(), emitter.arrayDepth()));
+            Console.WriteLine($"the emitted path is drawn in {picture}");
+            for (uint level = 1; level <= 3; ++level) logging.setManagedLoggingCallback(level, null);
+            Console.WriteLine();
+        }
+
+        private static System.Numerics.Vector3 CirclePosition(long nanoseconds)
+        {
+            const long period = 10_000_000;  // one turn at 100 Hz, ns
+            double angle = 2.0 * Math.PI * CircleFrequency * ((nanoseconds % period) / 1e9);
+            return new System.Numerics.Vector3((float)(CircleRadius * Math.Cos(angle)),
+                                               (float)(CircleRadius * Math.Sin(angle)), CircleHeight);
+        }
+
+        // A top view in millimetres: the array's outline and the last 20 ms
+        // of emitted positions (two turns), one dot per 20th sample.
+        private static string PathPicture(Emulation.EmittedSample[] samples, float arrayWidth, float arrayDepth)
+        {
+            var svg = new System.Text.StringBuilder();
+            double w = arrayWidth * 1000, d = arrayDepth * 1000;
+            svg.AppendLine($"<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"{-w / 2 - 10} {-d / 2 - 16} {w + 20} {d + 26}\" width=\"600\">");
+            svg.AppendLine($"  <rect x=\"{-w / 2}\" y=\"{-d / 2}\" width=\"{w}\" height=\"{d}\" fill=\"#f4f4f4\" stroke=\"#888\" stroke-width=\"0.5\"/>");
+            svg.AppendLine($"  <text x=\"{-w / 2}\" y=\"{-d / 2 - 5}\" font-size=\"6\" font-family=\"sans-serif\">" +
+                           $"emitted path, top view (mm), {samples.Length} samples recorded</text>");
+            int first = Math.Max(0, samples.Length - 800);
+            var points = new System.Text.StringBuilder();
+            for (int i = first; i < samples.Length; ++i)
+            {
+                if (!samples[i].Enabled) continue;
+                // y grows downwards in SVG; the array's y grows upwards.
+                points.Append($"{samples[i].Position.X * 1000:0.###},{-samples[i].Position.Y * 1000:0.###} ");
+            }
+            svg.AppendLine($"  <polyline points=\"{points.ToString().TrimEnd()}\" fill=\"none\" stroke=\"#c03\" stroke-width=\"0.4\"/>");
+            for (int i = first; i < samples.Length; i += 20)
+            {
+                svg.AppendLine($"  <circle cx=\"{samples[i].Position.X * 1000:0.###}\" cy=\"{-samples[i].Position.Y * 1000:0.###}\" r=\"0.6\" fill=\"#036\"/>");
+            }
+            svg.AppendLine("</svg>");
+            return svg.ToString();
+        }
     }
 }
