@@ -96,6 +96,14 @@ namespace Velarion.Tests
             Assert.Contains("ControlPointCollection const & type is null", error.Message);
             Assert.Throws<ArgumentNullException>(() => new AmplitudeModulationEmitter(A16, null));
         }
+
+        [Fact]
+        public void TheDefaultFrequencyIsOneNumberOnBothSides()
+        {
+            Assert.Equal(125, velarion_amplitudemodulation.DEFAULT_CONTROL_POINT_FREQUENCY);
+            using var point = new AmplitudeModulationControlPoint(0, 0, 0.2f, 1f);
+            Assert.Equal(125f, point.getFrequency());
+        }
     }
 
     // The list containers through SWIG's generated IList classes.

@@ -2,6 +2,10 @@
 // in one call, and the emitter.
 %include <arrays_csharp.i>
 
+// Read through its export rather than compiled into the C#.
+%csconst(0) DEFAULT_CONTROL_POINT_FREQUENCY;
+#define DEFAULT_CONTROL_POINT_FREQUENCY 125
+
 namespace Velarion {
 namespace AmplitudeModulation {
 

@@ -13,9 +13,14 @@ using namespace vlcs;
 using E = Exports<Module::amplitudemodulation>;
 
 namespace {
-// The modulation frequency of the shortened constructor forms, in hertz.
-constexpr float kDefaultFrequency = 125.0f;
+// The shortened constructor forms pass the default as a float, written in here.
+constexpr float kDefaultFrequency = static_cast<float>(DEFAULT_CONTROL_POINT_FREQUENCY);
 }  // namespace
+
+// Deliberately an integer at the boundary, though the constructors use it as a float.
+VL_CSHARP_EXPORT int VL_CSHARP_CALL CSharp_Velarion_DEFAULT_CONTROL_POINT_FREQUENCY_get() {
+  return DEFAULT_CONTROL_POINT_FREQUENCY;
+}
 
 // --- AmplitudeModulationControlPoint -------------------------------------------
 

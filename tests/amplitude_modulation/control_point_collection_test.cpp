@@ -72,6 +72,8 @@ TEST_F(ControlPointExports, ConstructorFormsForwardValuesAndDefaultTheFrequency)
       "CSharp_Velarion_new_AmplitudeModulationControlPoint__SWIG_1", 1.0f, 2.0f, 3.0f, 0.25f));
   EXPECT_EQ(floatOf("getFrequency", shortForm), 125.0f);
   EXPECT_EQ(floatOf("getIntensity", shortForm), 0.25f);
+  // The module's constant is the same number, as an integer.
+  EXPECT_EQ(call<int()>("CSharp_Velarion_DEFAULT_CONTROL_POINT_FREQUENCY_get"), 125);
 
   void* position = vector(0.1f, 0.2f, 0.3f);
   void* direction = vector(0.0f, 1.0f, 0.0f);

@@ -5,6 +5,9 @@
 #include "Velarion/Export.h"
 #include "Velarion/Vector3.h"
 
+// Modulation frequency, in hertz, of a control point built without one.
+#define DEFAULT_CONTROL_POINT_FREQUENCY 125
+
 namespace Velarion {
 namespace AmplitudeModulation {
 
