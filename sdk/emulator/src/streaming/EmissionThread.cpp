@@ -165,7 +165,7 @@ std::vector<EmissionRecord::Sample> EmissionRecord::ordered() const {
 
 void EmitterImplementation::startThread() {
   if (emitting) return;
-  if (thread.joinable()) thread.join();  // a thread that left on its own
+  if (thread.joinable()) thread.join();  // left on its own; start() joins it first
   stopRequested = false;
   emitting = true;
   {

@@ -315,6 +315,15 @@ bool Emitter::start() {
   journal("start");
   EmitterImplementation* e = implementation_;
   if (e == nullptr) return false;
+  // A thread that left on its own may still be writing its last log lines,
+  // whose handlers may call this emitter: join it without holding the lock.
+  std::thread finished;
+  {
+    std::lock_guard<std::mutex> lock(e->mutex);
+    if (!e->emitting) finished = std::move(e->thread);
+  }
+  if (finished.joinable() && finished.get_id() != std::this_thread::get_id()) finished.join();
+  if (finished.joinable()) finished.detach();  // started again from its own last log line
   FlushLog flush{e};
   std::lock_guard<std::mutex> lock(e->mutex);
   if (!e->connected()) return false;
