@@ -6,17 +6,18 @@
 #include "VelarionEmulator/Streaming.h"
 #include "streaming/EmitterImplementation.h"
 
-using Velarion::HostDuration;
 using Velarion::HostTimePoint;
 using Velarion::TimePointStreaming::ControlPointPersistent;
 using Velarion::TimePointStreaming::Emitter;
 using Velarion::TimePointStreaming::EmitterAccess;
 using Velarion::TimePointStreaming::EmitterImplementation;
+using VelarionEmulator::internal::streaming::durationOf;
+using VelarionEmulator::internal::streaming::timePointOf;
 
 namespace VelarionEmulator {
 namespace Streaming {
 
-void step(Emitter& emitter, const Interval& spec) {
+void step(Emitter& emitter, const Interval& request) {
   EmitterImplementation& state = EmitterAccess::of(emitter);
   Emitter::EmissionCallback callback = nullptr;
   void* userData = nullptr;
@@ -25,8 +26,8 @@ void step(Emitter& emitter, const Interval& spec) {
     std::lock_guard<std::mutex> lock(state.mutex);
     // The emission side belongs to the thread while it runs.
     if (state.emitting) throw std::logic_error("step: the emitter is emitting on its own thread");
-    if (spec.maximumControlPointCount) {
-      state.maximumControlPointCount = *spec.maximumControlPointCount;
+    if (request.maximumControlPointCount) {
+      state.maximumControlPointCount = *request.maximumControlPointCount;
     }
     pointCount = state.maximumControlPointCount;
     callback = state.callback;
@@ -34,13 +35,13 @@ void step(Emitter& emitter, const Interval& spec) {
   }
   state.ensurePersistent(pointCount);
 
-  HostTimePoint end = spec.firstTime;
-  if (spec.endTime) {
-    end = *spec.endTime;
+  HostTimePoint end = request.firstTime;
+  if (request.endTime) {
+    end = *request.endTime;
   } else {
-    for (std::size_t k = 0; k < spec.timePointCount; ++k) end += spec.spacing;
+    for (std::size_t k = 0; k < request.timePointCount; ++k) end += request.spacing;
   }
-  state.interval.prepare(spec.firstTime, spec.spacing, spec.timePointCount, end, end, state.persistent.data(),
+  state.interval.prepare(request.firstTime, request.spacing, request.timePointCount, end, end, state.persistent.data(),
                          pointCount);
 
   // The points leave the interval with the state its last time point ended in,
@@ -54,10 +55,10 @@ void step(Emitter& emitter, const Interval& spec) {
       for (unsigned int j = 0; j < points; ++j) state.persistent[j] = state.interval.point(count - 1, j);
       state.lastSampleTime = state.interval.timePointAt(count - 1).time();
     }
-  } carryOver{state, spec.timePointCount, pointCount};
+  } carryOver{state, request.timePointCount, pointCount};
 
   if (callback != nullptr) {
-    callback(emitter, state.interval, spec.callbackTime, userData);
+    callback(emitter, state.interval, request.callbackTime, userData);
   }
 }
 
@@ -93,14 +94,6 @@ void setPersistentControlPoint(Emitter& emitter, unsigned int index, const Contr
 
 namespace {
 
-HostTimePoint timePointFrom(int64_t nanoseconds) {
-  return HostTimePoint(nanoseconds / 1000000000, static_cast<double>(nanoseconds % 1000000000) / 1e9);
-}
-
-HostDuration durationFrom(int64_t nanoseconds) {
-  return HostDuration(nanoseconds / 1000000000, static_cast<double>(nanoseconds % 1000000000) / 1e9);
-}
-
 void copyOut(const ControlPointPersistent& point, VelarionEmulatorControlPoint* out) {
   out->position[0] = point.position.x;
   out->position[1] = point.position.y;
@@ -134,8 +127,8 @@ VELARION_API int VelarionEmulator_Streaming_step(void* emitter, int64_t firstTim
                                                  uint32_t maximumControlPointCount) {
   if (emitter == nullptr) return -1;
   VelarionEmulator::Streaming::Interval interval;
-  interval.firstTime = timePointFrom(firstTimeNanoseconds);
-  interval.spacing = durationFrom(spacingNanoseconds);
+  interval.firstTime = timePointOf(firstTimeNanoseconds);
+  interval.spacing = durationOf(spacingNanoseconds);
   interval.timePointCount = timePointCount;
   interval.maximumControlPointCount = maximumControlPointCount;
   interval.callbackTime = interval.firstTime;
