@@ -1,5 +1,7 @@
 using System;
+using System.Collections.Concurrent;
 using System.IO;
+using System.Runtime.CompilerServices;
 using System.Text;
 using Xunit;
 
@@ -160,6 +162,38 @@ namespace Velarion.Tests
             finally
             {
                 File.Delete(path);
+            }
+        }
+
+        [MethodImpl(MethodImplOptions.NoInlining)]
+        private static LoggingExternalInterface LoggingOfADroppedLibrary() => new VelarionLibrary().getLoggingInterface();
+
+        [Fact]
+        public void LogLinesReachADelegateThroughAnInterfaceThatKeepsItsLibrary()
+        {
+            // Only this library proxy's interface is left; collecting must not free the library.
+            var logging = LoggingOfADroppedLibrary();
+            GC.Collect();
+            GC.WaitForPendingFinalizers();
+            Assert.True(logging.redirectLoggingToNull());
+            Assert.True(logging.setLogLevel(4));
+            Assert.Equal(4, logging.getLogLevel());
+
+            var lines = new ConcurrentQueue<(string Message, uint Level, string Area)>();
+            using var log = new DelegateLoggingCallback((message, level, _, area) => lines.Enqueue((message, level, area)));
+            Assert.True(logging.setManagedLoggingCallback(2, log));
+            try
+            {
+                // Texts cross intact, also outside ASCII.
+                string path = Path.Combine(Path.GetTempPath(), $"no-such-folder-{Guid.NewGuid():N}-é", "ausrichtung-ü.alignment");
+                using (var alignment = new Alignment()) Assert.False(alignment.loadAlignment(path));
+                var line = Assert.Single(lines, l => l.Area == "Alignment" && l.Message.Contains(path));
+                Assert.Equal(2u, line.Level);
+                Assert.Equal($"cannot read alignment file \"{path}\"", line.Message);
+            }
+            finally
+            {
+                Assert.True(logging.setManagedLoggingCallback(2, null));
             }
         }
 

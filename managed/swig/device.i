@@ -162,6 +162,14 @@ class LoggingExternalInterface;
   public DeviceInfo getDeviceInfoByIdentifier(string identifier) {
     return getDeviceInfoByIdentifier_internal(identifier);
   }
+
+  // The interface lives inside this library object, so the proxy holds on to
+  // the library: the collector cannot free it while the interface is in use.
+  public LoggingExternalInterface getLoggingInterface() {
+    LoggingExternalInterface logging = getLoggingInterface_internal();
+    logging.library = this;
+    return logging;
+  }
 %}
 
 class VelarionLibrary {

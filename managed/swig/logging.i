@@ -2,6 +2,17 @@
 // subclass of LoggingCallbackWrapper.
 %feature("director") LoggingCallbackWrapper;
 
+// The native director hands each text over as a fresh native copy made by the
+// string callback, which nobody else frees: the delegate takes the pointer,
+// reads it once and frees it (LoggingText.Take), so a log line leaks nothing.
+%typemap(imtype) const char* LOG_TEXT "global::System.IntPtr"
+%typemap(cstype) const char* LOG_TEXT "string"
+%typemap(csin,
+         pre="    global::System.IntPtr native_$csinput = LoggingText.Copy($csinput);",
+         post="      LoggingText.Free(native_$csinput);") const char* LOG_TEXT "native_$csinput"
+%typemap(csdirectorin) const char* LOG_TEXT "LoggingText.Take($iminput)"
+%apply const char* LOG_TEXT { const char* message, const char* second_text }
+
 class LoggingCallbackWrapper {
  public:
   virtual ~LoggingCallbackWrapper();
@@ -9,10 +20,17 @@ class LoggingCallbackWrapper {
                         const char* second_text) = 0;
 };
 
+%clear const char* message, const char* second_text;
+
 namespace Velarion {
 
 // Only ever reached through the library object that owns it.
 %nodefaultctor LoggingExternalInterface;
+
+// Set by VelarionLibrary.getLoggingInterface(): the owner, kept reachable.
+%typemap(cscode) LoggingExternalInterface %{
+  internal VelarionLibrary library;
+%}
 
 class LoggingExternalInterface {
  public:
