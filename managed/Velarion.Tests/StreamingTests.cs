@@ -140,6 +140,31 @@ namespace Velarion.Tests
         }
 
         [Fact]
+        public void TheEmitterKeepsItsInstalledCallbackAlive()
+        {
+            using var stepped = new SteppedStreaming();
+            int calls = 0;
+            var installed = InstallWithoutKeepingIt(stepped.Emitter, () => ++calls);
+            GC.Collect();
+            GC.WaitForPendingFinalizers();
+            GC.Collect();
+
+            // A collected wrapper would have deleted the native object the device library still calls.
+            Assert.True(installed.IsAlive);
+            stepped.Step(First, Spacing, 2, 1);
+            Assert.Equal(1, calls);
+            stepped.Emitter.setManagedEmissionCallback(null);
+        }
+
+        [MethodImpl(MethodImplOptions.NoInlining)]
+        private static WeakReference InstallWithoutKeepingIt(TimePointStreamingEmitter emitter, Action called)
+        {
+            var callback = new DelegateEmissionCallback(interval => called());
+            Assert.True(emitter.setManagedEmissionCallback(callback));
+            return new WeakReference(callback);
+        }
+
+        [Fact]
         public void RecordsAndDurationsThroughTheGeneratedClasses()
         {
             using var point = new ControlPointBase(0, 0, 0.2f, 3.5f);

@@ -44,7 +44,15 @@ namespace TimePointStreaming {
 // The caller's byte buffer is filled in place; null asks for the size.
 %apply unsigned char OUTPUT[] { char* buffer }
 
+// The device library keeps only the native pointer of the installed wrapper:
+// the proxy holds the managed object too, so neither it nor its director
+// delegates are collected while the emitter may call back.
+%typemap(csin, pre="    installedEmissionCallback = $csinput;") EmissionCallbackWrapper* wrapper
+  "EmissionCallbackWrapper.getCPtr($csinput)"
+
 %typemap(cscode) Emitter %{
+  private EmissionCallbackWrapper installedEmissionCallback;
+
   public string getExtendedOption(string name) {
     return getManagedExtendedOption(name);
   }
