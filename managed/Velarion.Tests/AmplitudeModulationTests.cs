@@ -95,6 +95,15 @@ namespace Velarion.Tests
             var error = Assert.Throws<ArgumentNullException>(() => emitter.update_internal(null));
             Assert.Contains("ControlPointCollection const & type is null", error.Message);
             Assert.Throws<ArgumentNullException>(() => new AmplitudeModulationEmitter(A16, null));
+
+            // Past the end, get and set fail in managed code before reaching the native ones.
+            using var point = new AmplitudeModulationControlPoint(0.01f, 0, 0.2f, 1f);
+            points.add(point);
+            Assert.Equal("index", Assert.Throws<ArgumentOutOfRangeException>(() => points.get(1)).ParamName);
+            Assert.Throws<ArgumentOutOfRangeException>(() => points.set(1, point));
+            using (var stored = points.get(0)) Assert.Equal(0.01f, stored.getPosition().x);
+            points.remove(7);
+            Assert.Equal(1u, points.length());
         }
 
         [Fact]

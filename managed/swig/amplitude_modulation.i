@@ -42,10 +42,17 @@ class ControlPointCollection {
   void add(const ControlPoint& point);
   void clear();
   ControlPoint* data();
-  ControlPoint get(unsigned int index) const;
   size_t length() const;
+  // Any index but 0 is simply ignored.
   void remove(unsigned int index);
+
+  // Natively, get() past the end throws a C++ exception, which cannot cross
+  // into managed code, and set() past the end writes outside the points: the
+  // proxy checks the index first.
+  %typemap(csin, pre="    if ($csinput >= length()) throw new global::System.ArgumentOutOfRangeException(\"$csinput\");") unsigned int index "$csinput"
+  ControlPoint get(unsigned int index) const;
   void set(unsigned int index, const ControlPoint& point);
+  %clear unsigned int index;
 };
 
 %rename(AmplitudeModulationEmitter) Emitter;
