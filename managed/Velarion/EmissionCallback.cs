@@ -57,9 +57,10 @@ namespace Velarion
 
     /// <summary>
     /// The application's side of time-point streaming: override
-    /// <see cref="OnEmission"/> to fill in each output interval. Keep the object
-    /// alive (and undisposed) for as long as it is installed in an emitter: the
-    /// device library holds only the native pointer.
+    /// <see cref="OnEmission"/> to fill in each output interval. Do not dispose
+    /// it while it is installed in an emitter: the device library holds only the
+    /// native pointer. (The emitter object keeps it reachable until another
+    /// callback, or null, is installed.)
     /// </summary>
     /// <remarks>
     /// <see cref="OnEmission"/> runs on the device library's emission thread.
