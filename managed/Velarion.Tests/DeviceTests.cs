@@ -72,6 +72,24 @@ namespace Velarion.Tests
         }
 
         [Fact]
+        public void BuffersTheNativeSideWouldOverrunAreRefused()
+        {
+            using var library = new VelarionLibrary();
+            uint size = library.getDeviceIdentifier(0, null, 0);
+            var shortBuffer = new byte[size - 1];
+            Assert.Throws<ArgumentOutOfRangeException>(() => library.getDeviceIdentifier(0, shortBuffer, size));
+            Assert.Throws<ArgumentOutOfRangeException>(() => library.getDeviceIdentifier(0, null, size));
+            Assert.All(shortBuffer, b => Assert.Equal(0, b));
+
+            using var alignment = new Alignment();
+            var fifteen = new double[15];
+            Assert.Throws<ArgumentException>(() => alignment.fromDeviceToTrackingTransformToArray4x4(fifteen));
+            Assert.Throws<ArgumentException>(() => alignment.fromTrackingToDeviceTransformToArray4x4(new float[15]));
+            Assert.Throws<ArgumentNullException>(() => alignment.fromTrackingToDeviceTransformToArray4x4((float[])null));
+            Assert.All(fifteen, v => Assert.Equal(0.0, v));
+        }
+
+        [Fact]
         public void ReadsTransducerLayoutsAndDefaultAlignments()
         {
             using var library = new VelarionLibrary();

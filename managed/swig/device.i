@@ -66,9 +66,14 @@ class TransducerContainer {
   bool erase(unsigned int first, unsigned int count);
 };
 
-// The 4 x 4 exports fill a caller-provided array of sixteen values.
+// The 4 x 4 exports fill a caller-provided array of sixteen values. The
+// native side writes all sixteen unchecked, so a short array is refused here
+// rather than overrun.
 %apply float OUTPUT[] { float* matrix }
 %apply double OUTPUT[] { double* matrix }
+%typemap(csin, pre="    if ($csinput == null) throw new global::System.ArgumentNullException(\"$csinput\");\n"
+                   "    if ($csinput.Length < 16) throw new global::System.ArgumentException(\"the array must hold sixteen elements\", \"$csinput\");")
+    float* matrix, double* matrix "$csinput"
 
 class Alignment {
  public:
@@ -155,8 +160,11 @@ class LoggingExternalInterface;
 %rename(getDeviceInfoByIdentifier_internal) VelarionLibrary::getDeviceInfoByIdentifier;
 %rename(getLoggingInterface_internal) VelarionLibrary::getLoggingInterface;
 
-// The caller's byte buffer is filled in place; null asks for the size.
+// The caller's byte buffer is filled in place; (null, 0) asks for the size.
+// The device library trusts `size`, so it may not exceed the buffer.
 %apply unsigned char OUTPUT[] { char* buffer }
+%typemap(csin, pre="    if (size > ($csinput?.Length ?? 0)) throw new global::System.ArgumentOutOfRangeException(\"size\", \"size exceeds the buffer's length\");")
+    char* buffer "$csinput"
 
 %typemap(cscode) VelarionLibrary %{
   public DeviceInfo getDeviceInfoByIdentifier(string identifier) {
