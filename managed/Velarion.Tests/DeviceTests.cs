@@ -213,6 +213,29 @@ namespace Velarion.Tests
             {
                 Assert.True(logging.setManagedLoggingCallback(2, null));
             }
+
+            // A failing handler, and a failing report of it, stay on the managed side.
+            var failures = new ConcurrentQueue<Exception>();
+            using var throwing = new DelegateLoggingCallback((message, _, _, area) =>
+            {
+                if (area == "Alignment") throw new InvalidOperationException(message);
+            });
+            throwing.HandlerFailed += e =>
+            {
+                failures.Enqueue(e);
+                throw new InvalidOperationException("the report failed too");
+            };
+            Assert.True(logging.setManagedLoggingCallback(2, throwing));
+            try
+            {
+                using var alignment = new Alignment();
+                Assert.False(alignment.loadAlignment(Path.Combine(Path.GetTempPath(), $"no-such-folder-{Guid.NewGuid():N}", "a")));
+                Assert.Contains(failures, e => e.Message.StartsWith("cannot read alignment file"));
+            }
+            finally
+            {
+                Assert.True(logging.setManagedLoggingCallback(2, null));
+            }
         }
 
         [Fact]

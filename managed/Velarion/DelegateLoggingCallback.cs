@@ -34,8 +34,16 @@ namespace Velarion
             catch (Exception e)
             {
                 var failed = HandlerFailed;
-                if (failed != null) failed(e);
-                else Console.Error.WriteLine($"Velarion: log handler failed: {e}");
+                try
+                {
+                    if (failed != null) failed(e);
+                    else Console.Error.WriteLine($"Velarion: log handler failed: {e}");
+                }
+                catch (Exception)
+                {
+                    // The reporting handler failed as well: nothing may unwind
+                    // into the device library's logging thread.
+                }
             }
         }
     }
