@@ -121,6 +121,11 @@ double halfPressureSinAngle(float speedOfSound) {
   return low;
 }
 
+double interactionMargin() {
+  const double s = halfPressureSinAngle(AmplitudeModulation::kDefaultSpeedOfSound);
+  return 2.0 * kInteractionHeight * s / std::sqrt(1.0 - s * s);
+}
+
 std::vector<AmplitudeModulation::TransducerDrive> render(const std::vector<PlacedTransducer>& transducers,
                                                          const std::vector<PointState>& points,
                                                          uint64_t sampleIndex, const Settings& settings) {

@@ -54,6 +54,14 @@ std::vector<double> envelopePhases(const std::vector<PointState>& points);
 // on-axis pressure.
 double halfPressureSinAngle(float speedOfSound);
 
+// Height above the array up to which an emitter's interaction space reaches,
+// metres.
+constexpr float kInteractionHeight = 0.6f;
+// How much wider (and deeper) than the array the interaction space is,
+// metres: it reaches sideways as far as the outer elements still give half
+// their on-axis pressure at its top, in air at the default speed of sound.
+double interactionMargin();
+
 // The drive of every element at envelope sample `sampleIndex`.
 std::vector<AmplitudeModulation::TransducerDrive> render(const std::vector<PlacedTransducer>& transducers,
                                                          const std::vector<PointState>& points,

@@ -57,21 +57,6 @@ std::vector<std::shared_ptr<const AmplitudeModulation::DeviceDrive>> DriveBoard:
   return drives;
 }
 
-EmitterList& EmitterList::instance() {
-  static EmitterList* list = new EmitterList();
-  return *list;
-}
-
-void EmitterList::add(EmitterImplementation* emitter) {
-  std::lock_guard<std::mutex> lock(mutex_);
-  emitters_.insert(emitter);
-}
-
-void EmitterList::remove(EmitterImplementation* emitter) {
-  std::lock_guard<std::mutex> lock(mutex_);
-  emitters_.erase(emitter);
-}
-
 }  // namespace am
 }  // namespace internal
 

@@ -6,17 +6,19 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
-#include <sstream>
 
-#include "DeviceRegistry.h"
 #include "Log.h"
 #include "VelarionEmulator/Journal.h"
 #include "amplitude_modulation/EmitterImplementation.h"
+#include "common/ExtendedOption.h"
 
 using VelarionEmulator::Journal::record;
-using VelarionEmulator::internal::DeviceRegistry;
+using VelarionEmulator::internal::answerExtendedOption;
+using VelarionEmulator::internal::DeviceRecord;
+using VelarionEmulator::internal::extendedOptionQuery;
+using VelarionEmulator::internal::FlushLog;
 using VelarionEmulator::internal::log;
+using VelarionEmulator::internal::quoted;
 namespace am = VelarionEmulator::internal::am;
 namespace control = VelarionEmulator::AmplitudeModulation;
 
@@ -26,18 +28,8 @@ namespace AmplitudeModulation {
 namespace {
 
 constexpr const char* kArea = "AmplitudeModulation";
-// Height above the array up to which the interaction space reaches, metres.
-constexpr float kInteractionHeight = 0.6f;
-
-std::string quoted(const char* text) { return text == nullptr ? "null" : "\"" + std::string(text) + "\""; }
 
 void journal(const std::string& call) { record("AmplitudeModulation::Emitter::" + call); }
-
-std::string deviceList(const EmitterImplementation& e) {
-  std::string list;
-  for (const auto& d : e.devices) list += (list.empty() ? "" : ", ") + d->identifier;
-  return list;
-}
 
 bool finite(const Vector3& v) { return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z); }
 
@@ -68,91 +60,15 @@ std::optional<std::string> optionValue(const EmitterImplementation& e, const std
 
 }  // namespace
 
-// Writes an emitter's noted log lines when it goes out of scope; declared
-// before the lock so that it runs after the lock is released.
-struct FlushLog {
-  EmitterImplementation* e;
-  ~FlushLog() {
-    if (e != nullptr) e->flushLog();
-  }
-};
-
 // --- EmitterImplementation ---------------------------------------------------
 
-void EmitterImplementation::flushLog() {
-  std::vector<std::pair<LogLevel, std::string>> lines;
-  {
-    std::lock_guard<std::mutex> lock(mutex);
-    lines.swap(pendingLog);
-  }
-  for (const auto& line : lines) log(line.first, kArea, line.second);
+void EmitterImplementation::adopted(HeldDevice& device, const DeviceRecord& entry) {
+  device.layout = entry.device.transducers;
+  device.placed = am::place(device.layout, device.transform);
 }
 
-HeldDevice* EmitterImplementation::find(const char* identifier) {
-  if (identifier == nullptr) return nullptr;
-  for (auto& d : devices) {
-    if (d->identifier == identifier) return d.get();
-  }
-  return nullptr;
-}
-
-const HeldDevice* EmitterImplementation::find(const char* identifier) const {
-  return const_cast<EmitterImplementation*>(this)->find(identifier);
-}
-
-void EmitterImplementation::refreshDevices() {
-  DeviceRegistry& registry = DeviceRegistry::instance();
-  const uint64_t revision = registry.revision();
-  if (revision == registryRevision) return;
-  registryRevision = revision;
-  for (auto& d : devices) {
-    const auto record = registry.find(d->identifier);
-    const bool present = record && record->device.connected && record->claimant == this;
-    if (d->present && !present) {
-      am::DriveBoard::instance().clear(d->identifier);
-      note(LogLevel::Warning, "Device " + d->identifier + " was lost by its amplitude modulation emitter");
-    }
-    d->present = present;
-  }
-}
-
-bool EmitterImplementation::connected() {
-  refreshDevices();
-  if (devices.empty()) return false;
-  for (const auto& d : devices) {
-    if (!d->present) return false;
-  }
-  return true;
-}
-
-bool EmitterImplementation::acquire(const std::string& identifier, const Transform& transform) {
-  DeviceRegistry& registry = DeviceRegistry::instance();
-  if (identifier.empty() || !registry.claim(identifier, this)) {
-    note(LogLevel::Warning,
-         "Device " + (identifier.empty() ? "(none free)" : identifier) + " is not available to an amplitude modulation emitter");
-    return false;
-  }
-  const auto record = registry.find(identifier);
-  if (!record) {
-    registry.release(identifier, this);
-    return false;
-  }
-  auto device = std::make_unique<HeldDevice>();
-  device->identifier = identifier;
-  device->transform = transform;
-  device->layout = record->device.transducers;
-  device->arrayWidth = record->device.arrayWidth;
-  device->arrayDepth = record->device.arrayDepth;
-  device->placed = am::place(device->layout, transform);
-  devices.push_back(std::move(device));
-  note(LogLevel::Info, "Amplitude modulation emitter claimed device " + identifier);
-  return true;
-}
-
-void EmitterImplementation::release(HeldDevice& device) {
-  am::DriveBoard::instance().clear(device.identifier);
-  DeviceRegistry::instance().release(device.identifier, this);
-}
+// A device that no longer emits for this emitter leaves the drive board.
+void EmitterImplementation::dropped(HeldDevice& device) { am::DriveBoard::instance().clear(device.identifier); }
 
 void EmitterImplementation::render() {
   if (!emitting) return;
@@ -210,13 +126,7 @@ void EmitterImplementation::run() {
     sampleIndex = clockBase + static_cast<uint64_t>(elapsed * settings.sampleRate);
     refreshDevices();
     render();
-    if (!pendingLog.empty()) {
-      auto lines = std::move(pendingLog);
-      pendingLog.clear();
-      lock.unlock();
-      for (const auto& line : lines) log(line.first, kArea, line.second);
-      lock.lock();
-    }
+    writeNotedLines(lock);
   }
   threadRunning = false;
 }
@@ -226,19 +136,13 @@ void EmitterImplementation::run() {
 Emitter::Emitter() : implementation_(new EmitterImplementation()) {
   journal("Emitter()");
   am::EmitterList::instance().add(implementation_);
-  FlushLog flush{implementation_};
-  std::lock_guard<std::mutex> lock(implementation_->mutex);
-  implementation_->acquire(DeviceRegistry::instance().firstAvailable(), Transform());
+  implementation_->claimAtStart(nullptr, Transform());
 }
 
 Emitter::Emitter(const char* identifier) : implementation_(new EmitterImplementation()) {
   journal("Emitter(" + quoted(identifier) + ")");
   am::EmitterList::instance().add(implementation_);
-  FlushLog flush{implementation_};
-  std::lock_guard<std::mutex> lock(implementation_->mutex);
-  implementation_->requested = identifier != nullptr ? identifier : "";
-  implementation_->acquire(identifier != nullptr ? identifier : DeviceRegistry::instance().firstAvailable(),
-                           Transform());
+  implementation_->claimAtStart(identifier, Transform());
 }
 
 Emitter::Emitter(Emitter&& other) noexcept : implementation_(other.implementation_) {
@@ -250,12 +154,7 @@ void Emitter::init(const char* identifier, Transform transform) {
   journal("init(" + quoted(identifier) + ")");
   implementation_ = new EmitterImplementation();
   am::EmitterList::instance().add(implementation_);
-  FlushLog flush{implementation_};
-  std::lock_guard<std::mutex> lock(implementation_->mutex);
-  implementation_->requested = identifier != nullptr ? identifier : "";
-  implementation_->requestedTransform = transform;
-  implementation_->acquire(identifier != nullptr ? identifier : DeviceRegistry::instance().firstAvailable(),
-                           transform);
+  implementation_->claimAtStart(identifier, transform);
 }
 
 void Emitter::destroy() noexcept {
@@ -268,7 +167,7 @@ void Emitter::destroy() noexcept {
   {
     std::lock_guard<std::mutex> lock(e->mutex);
     wasEmitting = e->emitting;
-    for (auto& d : e->devices) e->release(*d);
+    e->releaseDevices();
   }
   e->flushLog();
   if (wasEmitting) log(LogLevel::Info, kArea, "Amplitude modulation emitter stopped");
@@ -278,55 +177,17 @@ void Emitter::destroy() noexcept {
 
 void Emitter::reinitialize() {
   journal("initialize");
-  EmitterImplementation* e = implementation_;
-  if (e == nullptr) return;
-  FlushLog flush{e};
-  std::lock_guard<std::mutex> lock(e->mutex);
-  e->registryRevision = ~uint64_t(0);
-  e->refreshDevices();
-  for (auto it = e->devices.begin(); it != e->devices.end();) {
-    if (!(*it)->present) {
-      e->release(**it);
-      it = e->devices.erase(it);
-    } else {
-      ++it;
-    }
-  }
-  if (e->mode == DeviceSelectionMode::SingleDevice && e->devices.empty()) {
-    e->acquire(e->requested.empty() ? DeviceRegistry::instance().firstAvailable() : e->requested,
-               e->requestedTransform);
-  }
-  e->render();
+  if (implementation_ != nullptr) implementation_->reclaim();
 }
 
 bool Emitter::addDevice(const char* identifier, Transform transform) {
   journal("addDevice(" + quoted(identifier) + ")");
-  EmitterImplementation* e = implementation_;
-  if (e == nullptr || identifier == nullptr) return false;
-  FlushLog flush{e};
-  std::lock_guard<std::mutex> lock(e->mutex);
-  if (e->find(identifier) != nullptr) return false;
-  if (e->mode == DeviceSelectionMode::SingleDevice && !e->devices.empty()) return false;
-  if (!e->acquire(identifier, transform)) return false;
-  e->render();
-  return true;
+  return implementation_ != nullptr && implementation_->add(identifier, transform);
 }
 
 bool Emitter::removeDevice(const char* identifier) {
   journal("removeDevice(" + quoted(identifier) + ")");
-  EmitterImplementation* e = implementation_;
-  if (e == nullptr) return false;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  HeldDevice* device = e->find(identifier);
-  if (device == nullptr) return false;
-  e->release(*device);
-  for (auto it = e->devices.begin(); it != e->devices.end(); ++it) {
-    if (it->get() == device) {
-      e->devices.erase(it);
-      break;
-    }
-  }
-  return true;
+  return implementation_ != nullptr && implementation_->remove(identifier);
 }
 
 bool Emitter::setDeviceTransform(const char* identifier, Transform transform, ReEmitPoints reEmit) {
@@ -354,38 +215,19 @@ bool Emitter::setDeviceTransform(const char* identifier, Transform transform, Re
 }
 
 Transform Emitter::getDeviceTransform(const char* identifier) const {
-  const EmitterImplementation* e = implementation_;
-  if (e == nullptr) return Transform();
-  std::lock_guard<std::mutex> lock(e->mutex);
-  const HeldDevice* device = e->find(identifier);
-  return device != nullptr ? device->transform : Transform();
+  return implementation_ != nullptr ? implementation_->transformOf(identifier) : Transform();
 }
 
 bool Emitter::setDeviceSelectionMode(DeviceSelectionMode mode) {
   journal("setDeviceSelectionMode(" + std::to_string(static_cast<int>(mode)) + ")");
-  EmitterImplementation* e = implementation_;
-  if (e == nullptr) return false;
-  if (mode != DeviceSelectionMode::SingleDevice && mode != DeviceSelectionMode::MultipleDevices) return false;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  if (mode == DeviceSelectionMode::SingleDevice && e->devices.size() > 1) return false;
-  e->mode = mode;
-  return true;
+  return implementation_ != nullptr && implementation_->setSelectionMode(mode);
 }
 
 DeviceSelectionMode Emitter::getDeviceSelectionMode() const {
-  const EmitterImplementation* e = implementation_;
-  if (e == nullptr) return DeviceSelectionMode::SingleDevice;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  return e->mode;
+  return implementation_ != nullptr ? implementation_->selectionMode() : DeviceSelectionMode::SingleDevice;
 }
 
-bool Emitter::isConnected() {
-  EmitterImplementation* e = implementation_;
-  if (e == nullptr) return false;
-  FlushLog flush{e};
-  std::lock_guard<std::mutex> lock(e->mutex);
-  return e->connected();
-}
+bool Emitter::isConnected() { return implementation_ != nullptr && implementation_->isConnected(); }
 
 bool Emitter::update(const ControlPoint* points, size_t count) {
   journal(std::string("update(") + (points == nullptr ? "null" : "points") + ", " + std::to_string(count) + ")");
@@ -420,12 +262,7 @@ bool Emitter::update(const ControlPoint* points, size_t count) {
   }
   e->render();
   if (!am::manualStepping()) e->startThread();
-  if (starting) {
-    e->note(LogLevel::Info,
-            "Amplitude modulation emitter started on " + deviceList(*e) + " at " +
-            std::to_string(e->settings.sampleRate) + " Hz with " + std::to_string(count) + " control point" +
-            (count == 1 ? "" : "s"));
-  }
+  if (starting) e->noteStarted(e->settings.sampleRate, count);
   return true;
 }
 
@@ -457,36 +294,20 @@ bool Emitter::reset() {
   return true;
 }
 
-float Emitter::arrayWidth() const {
-  const EmitterImplementation* e = implementation_;
-  if (e == nullptr) return 0.0f;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  return e->devices.empty() ? 0.0f : e->devices.front()->arrayWidth;
-}
+float Emitter::arrayWidth() const { return implementation_ != nullptr ? implementation_->arrayWidth() : 0.0f; }
 
-float Emitter::arrayDepth() const {
-  const EmitterImplementation* e = implementation_;
-  if (e == nullptr) return 0.0f;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  return e->devices.empty() ? 0.0f : e->devices.front()->arrayDepth;
-}
+float Emitter::arrayDepth() const { return implementation_ != nullptr ? implementation_->arrayDepth() : 0.0f; }
 
-// The box reaches sideways as far as the outer elements still give half
-// their on-axis pressure at the top of the box.
 float Emitter::interactionSpaceWidth() const {
   const float width = arrayWidth();
-  if (width <= 0.0f) return 0.0f;
-  const double s = am::halfPressureSinAngle(control::kDefaultSpeedOfSound);
-  return static_cast<float>(width + 2.0 * kInteractionHeight * s / std::sqrt(1.0 - s * s));
+  return width > 0.0f ? static_cast<float>(width + am::interactionMargin()) : 0.0f;
 }
 
-float Emitter::interactionSpaceHeight() const { return arrayWidth() > 0.0f ? kInteractionHeight : 0.0f; }
+float Emitter::interactionSpaceHeight() const { return arrayWidth() > 0.0f ? am::kInteractionHeight : 0.0f; }
 
 float Emitter::interactionSpaceDepth() const {
   const float depth = arrayDepth();
-  if (depth <= 0.0f) return 0.0f;
-  const double s = am::halfPressureSinAngle(control::kDefaultSpeedOfSound);
-  return static_cast<float>(depth + 2.0 * kInteractionHeight * s / std::sqrt(1.0 - s * s));
+  return depth > 0.0f ? static_cast<float>(depth + am::interactionMargin()) : 0.0f;
 }
 
 unsigned int Emitter::getMaximumControlPointLimit() const { return control::kControlPointLimit; }
@@ -542,49 +363,25 @@ bool Emitter::setExtendedOption(const char* name, const char* value) {
 }
 
 size_t Emitter::getExtendedOption(const char* name, char* buffer, size_t size) const {
-  journal("getExtendedOption(" + quoted(name) + ", " + (buffer == nullptr ? "null" : "buffer") + ", " +
-          std::to_string(size) + ")");
+  journal(extendedOptionQuery(name, buffer, size));
   const EmitterImplementation* e = implementation_;
   if (e == nullptr || name == nullptr) return 0;
-  std::optional<std::string> value;
-  {
-    std::lock_guard<std::mutex> lock(e->mutex);
-    value = optionValue(*e, name);
-  }
-  if (!value) return 0;
-  const size_t needed = value->size() + 1;
-  if (buffer != nullptr && size >= needed) {
-    std::memcpy(buffer, value->c_str(), needed);
-  }
-  return needed;
+  std::lock_guard<std::mutex> lock(e->mutex);
+  return answerExtendedOption(optionValue(*e, name), buffer, size);
 }
 
 DeviceInfo Emitter::getDeviceInfo() const {
-  const EmitterImplementation* e = implementation_;
-  if (e == nullptr) return DeviceInfo();
-  std::lock_guard<std::mutex> lock(e->mutex);
-  return e->devices.empty() ? DeviceInfo() : DeviceRegistry::instance().deviceInfo(e->devices.front()->identifier);
+  return implementation_ != nullptr ? implementation_->deviceInfo() : DeviceInfo();
 }
 
 DeviceInfo Emitter::getDeviceInfo(const std::string& identifier) const {
-  const EmitterImplementation* e = implementation_;
-  if (e == nullptr) return DeviceInfo();
-  std::lock_guard<std::mutex> lock(e->mutex);
-  return e->find(identifier.c_str()) != nullptr ? DeviceRegistry::instance().deviceInfo(identifier) : DeviceInfo();
+  return implementation_ != nullptr ? implementation_->deviceInfo(identifier) : DeviceInfo();
 }
 
-void* Emitter::getStateEmitter() {
-  EmitterImplementation* e = implementation_;
-  if (e == nullptr) return nullptr;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  return e->devices.empty() ? nullptr : e->devices.front().get();
-}
+void* Emitter::getStateEmitter() { return implementation_ != nullptr ? implementation_->stateEmitter() : nullptr; }
 
 void* Emitter::getStateEmitter(const std::string& identifier) {
-  EmitterImplementation* e = implementation_;
-  if (e == nullptr) return nullptr;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  return e->find(identifier.c_str());
+  return implementation_ != nullptr ? implementation_->stateEmitter(identifier) : nullptr;
 }
 
 }  // namespace AmplitudeModulation

@@ -10,51 +10,41 @@
 #include <memory>
 #include <mutex>
 #include <optional>
-#include <set>
 #include <string>
 #include <thread>
 #include <utility>
 #include <vector>
 
 #include "Velarion/AmplitudeModulation/Emitter.h"
-#include "Velarion/LoggingExternalInterface.h"
 #include "Velarion/Transform.h"
 #include "Velarion/TransducerContainer.h"
 #include "VelarionEmulator/AmplitudeModulation.h"
 #include "amplitude_modulation/AcousticModel.h"
+#include "common/EmitterDevices.h"
+#include "common/EmitterList.h"
 
 namespace Velarion {
 namespace AmplitudeModulation {
 
-struct HeldDevice {
-  std::string identifier;
-  Transform transform;
+struct HeldDevice : VelarionEmulator::internal::HeldDeviceBase {
   std::vector<Transducer> layout;  // device frame
-  float arrayWidth = 0.0f;
-  float arrayDepth = 0.0f;
   std::vector<VelarionEmulator::internal::am::PlacedTransducer> placed;  // emitter space
-  // False once the device was removed or disconnected under the emitter.
-  bool present = true;
 };
 
-struct EmitterImplementation {
+inline constexpr VelarionEmulator::internal::EmitterKind kEmitterKind{"AmplitudeModulation",
+                                                                     "amplitude modulation emitter", "an"};
+
+struct EmitterImplementation : VelarionEmulator::internal::EmitterDevices<HeldDevice> {
   using Clock = std::chrono::steady_clock;
 
+  EmitterImplementation() : EmitterDevices(kEmitterKind) {}
+
   // Everything below is guarded by `mutex`.
-  mutable std::mutex mutex;
-  DeviceSelectionMode mode = DeviceSelectionMode::SingleDevice;
-  std::string requested;  // the device named at construction
-  Transform requestedTransform;
-  std::vector<std::unique_ptr<HeldDevice>> devices;
   std::vector<VelarionEmulator::internal::am::PointState> points;
   bool emitting = false;  // points are being rendered
   VelarionEmulator::internal::am::Settings settings;
   uint64_t sampleIndex = 0;
   uint64_t frames = 0;
-  uint64_t registryRevision = ~uint64_t(0);
-  // Log lines noted under `mutex`, written once it is released: a log
-  // callback may call back into the emitter.
-  std::vector<std::pair<LogLevel, std::string>> pendingLog;
 
   // The emission thread renders at the sample clock while it runs.
   std::thread thread;
@@ -64,17 +54,6 @@ struct EmitterImplementation {
   Clock::time_point clockStart;
   uint64_t clockBase = 0;
 
-  void note(LogLevel level, std::string message) { pendingLog.emplace_back(level, std::move(message)); }
-  // Writes the noted lines; called without `mutex` held.
-  void flushLog();
-
-  HeldDevice* find(const char* identifier);
-  const HeldDevice* find(const char* identifier) const;
-  // Marks devices that left the registry, or were disconnected, as absent.
-  void refreshDevices();
-  bool connected();
-  bool acquire(const std::string& identifier, const Transform& transform);
-  void release(HeldDevice& device);
   // Renders the current sample for every present device and publishes it.
   void render();
   void silence();
@@ -83,6 +62,11 @@ struct EmitterImplementation {
   // Called without `mutex` held.
   void stopThread();
   void run();
+
+ protected:
+  void adopted(HeldDevice& device, const VelarionEmulator::internal::DeviceRecord& entry) override;
+  void dropped(HeldDevice& device) override;
+  void devicesChanged() override { render(); }
 };
 
 struct EmitterAccess {
@@ -117,21 +101,7 @@ class DriveBoard {
 
 // Live emitters, for stepping and the manual-stepping switch. Lock order:
 // this list, then an emitter's mutex, then the drive board.
-class EmitterList {
- public:
-  static EmitterList& instance();
-  void add(Velarion::AmplitudeModulation::EmitterImplementation* emitter);
-  void remove(Velarion::AmplitudeModulation::EmitterImplementation* emitter);
-  template <class F>
-  void forEach(F&& f) {
-    std::lock_guard<std::mutex> lock(mutex_);
-    for (auto* emitter : emitters_) f(*emitter);
-  }
-
- private:
-  std::mutex mutex_;
-  std::set<Velarion::AmplitudeModulation::EmitterImplementation*> emitters_;
-};
+using EmitterList = internal::EmitterList<Velarion::AmplitudeModulation::EmitterImplementation>;
 
 bool manualStepping();
 

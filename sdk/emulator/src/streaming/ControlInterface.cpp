@@ -9,7 +9,7 @@ using Velarion::TimePointStreaming::EmissionRecord;
 using Velarion::TimePointStreaming::Emitter;
 using Velarion::TimePointStreaming::EmitterAccess;
 using Velarion::TimePointStreaming::EmitterImplementation;
-using VelarionEmulator::internal::streaming::EmitterList;
+using VelarionEmulator::internal::streaming::withEmitter;
 
 namespace VelarionEmulator {
 namespace Streaming {
@@ -71,7 +71,7 @@ extern "C" {
 
 VELARION_API int VelarionEmulator_Streaming_statistics(const void* handle, VelarionEmulatorEmissionStatistics* out) {
   if (out == nullptr) return -1;
-  const bool found = EmitterList::instance().with(
+  const bool found = withEmitter(
       handle, [out](EmitterImplementation& e) { *out = VelarionEmulator::Streaming::statisticsOf(e); });
   return found ? 0 : -1;
 }
@@ -79,7 +79,7 @@ VELARION_API int VelarionEmulator_Streaming_statistics(const void* handle, Velar
 VELARION_API uint32_t VelarionEmulator_Streaming_emittedSamples(const void* handle, VelarionEmulatorEmittedSample* out,
                                                                 uint32_t capacity) {
   uint32_t copied = 0;
-  EmitterList::instance().with(handle, [&](EmitterImplementation& e) {
+  withEmitter(handle, [&](EmitterImplementation& e) {
     std::lock_guard<std::mutex> lock(e.recordMutex);
     const std::size_t recorded = e.record.samples.size();
     if (out == nullptr) {

@@ -43,21 +43,6 @@ Velarion::HostDuration durationOf(int64_t nanoseconds) {
                                 static_cast<double>(nanoseconds % kNanosecondsPerSecond) / 1e9);
 }
 
-EmitterList& EmitterList::instance() {
-  static EmitterList* list = new EmitterList();  // outlives emitters destroyed at exit
-  return *list;
-}
-
-void EmitterList::add(Velarion::TimePointStreaming::EmitterImplementation* emitter) {
-  std::lock_guard<std::mutex> lock(mutex_);
-  emitters_.insert(emitter);
-}
-
-void EmitterList::remove(Velarion::TimePointStreaming::EmitterImplementation* emitter) {
-  std::lock_guard<std::mutex> lock(mutex_);
-  emitters_.erase(emitter);
-}
-
 }  // namespace streaming
 }  // namespace internal
 }  // namespace VelarionEmulator
@@ -172,11 +157,7 @@ void EmitterImplementation::startThread() {
     std::lock_guard<std::mutex> lock(recordMutex);
     record.clear();
   }
-  std::string list;
-  for (const auto& d : devices) list += (list.empty() ? "" : ", ") + d->identifier;
-  note(LogLevel::Info, "Time-point streaming emitter started on " + list + " at " + std::to_string(sampleRate) +
-                           " Hz with " + std::to_string(maximumControlPointCount) + " control point" +
-                           (maximumControlPointCount == 1 ? "" : "s"));
+  noteStarted(sampleRate, maximumControlPointCount);
   thread = std::thread([this] { run(); });
 }
 
@@ -217,14 +198,7 @@ void EmitterImplementation::run() {
                                  kNanosecondsPerSecond));
     const int64_t handOut = streaming::nanosecondsOf(next) - leadNanoseconds;
 
-    if (!pendingLog.empty()) {
-      auto lines = std::move(pendingLog);
-      pendingLog.clear();
-      lock.unlock();
-      for (const auto& line : lines) log(line.first, kArea, line.second);
-      lock.lock();
-      continue;  // settings may have changed meanwhile
-    }
+    if (writeNotedLines(lock)) continue;  // settings may have changed meanwhile
     if (steadyNow() < handOut) {
       wake.wait_until(lock, steadyAt(handOut), [this] { return stopRequested; });
       continue;
@@ -328,10 +302,11 @@ void EmitterImplementation::run() {
   }
   note(LogLevel::Info, "Time-point streaming emitter stopped" + stopReason + " after " + std::to_string(intervals) +
                            " intervals, " + std::to_string(missed) + " of them past their deadlines");
-  auto lines = std::move(pendingLog);
-  pendingLog.clear();
+  // Without taking the lock again: startThread() may be joining this thread
+  // while holding it.
+  const auto lines = takeNotedLines();
   lock.unlock();
-  for (const auto& line : lines) log(line.first, kArea, line.second);
+  writeLog(lines);
 }
 
 }  // namespace TimePointStreaming

@@ -3,22 +3,21 @@
 // EmissionThread.cpp.
 #include "Velarion/TimePointStreaming/Emitter.h"
 
-#include <cmath>
 #include <cstdlib>
-#include <cstring>
 #include <optional>
 #include <string>
 
-#include "DeviceRegistry.h"
-#include "Log.h"
 #include "VelarionEmulator/AmplitudeModulation.h"
 #include "VelarionEmulator/Journal.h"
 #include "amplitude_modulation/AcousticModel.h"
+#include "common/ExtendedOption.h"
 #include "streaming/EmitterImplementation.h"
 
 using VelarionEmulator::Journal::record;
-using VelarionEmulator::internal::DeviceRegistry;
-using VelarionEmulator::internal::log;
+using VelarionEmulator::internal::answerExtendedOption;
+using VelarionEmulator::internal::extendedOptionQuery;
+using VelarionEmulator::internal::FlushLog;
+using VelarionEmulator::internal::quoted;
 namespace am = VelarionEmulator::internal::am;
 namespace streaming = VelarionEmulator::internal::streaming;
 
@@ -27,15 +26,10 @@ namespace TimePointStreaming {
 
 namespace {
 
-constexpr const char* kArea = "TimePointStreaming";
-// Height above the array up to which the interaction space reaches, metres.
-constexpr float kInteractionHeight = 0.6f;
 // Limits of the timing options, microseconds.
 constexpr long kMinimumIntervalMicroseconds = 250;
 constexpr long kMaximumIntervalMicroseconds = 20000;
 constexpr long kMaximumLeadMicroseconds = 100000;
-
-std::string quoted(const char* text) { return text == nullptr ? "null" : "\"" + std::string(text) + "\""; }
 
 void journal(const std::string& call) { record("TimePointStreaming::Emitter::" + call); }
 
@@ -58,28 +52,15 @@ std::optional<std::string> optionValue(const EmitterImplementation& e, const std
   return std::nullopt;
 }
 
-// Sideways reach of the interaction space beyond the array: as far as the
-// outer elements still give half their on-axis pressure at its top.
-float interactionMargin() {
-  const double s = am::halfPressureSinAngle(VelarionEmulator::AmplitudeModulation::kDefaultSpeedOfSound);
-  return static_cast<float>(2.0 * kInteractionHeight * s / std::sqrt(1.0 - s * s));
-}
+// Sideways reach of the interaction space beyond the array.
+float interactionMargin() { return static_cast<float>(am::interactionMargin()); }
 
 }  // namespace
-
-// Writes an emitter's noted log lines when it goes out of scope; declared
-// before the lock so that it runs after the lock is released.
-struct FlushLog {
-  EmitterImplementation* e;
-  ~FlushLog() {
-    if (e != nullptr) e->flushLog();
-  }
-};
 
 // --- EmitterImplementation ---------------------------------------------------
 
 EmitterImplementation::EmitterImplementation(const Emitter* owner_)
-    : owner(owner_), samplingInterval(0, 1.0 / kDefaultSampleRate) {
+    : EmitterDevices(kEmitterKind), owner(owner_), samplingInterval(0, 1.0 / kDefaultSampleRate) {
   ensurePersistent(kControlPointLimit);
   streaming::EmitterList::instance().add(this);
 }
@@ -90,94 +71,16 @@ void EmitterImplementation::ensurePersistent(unsigned int count) {
   }
 }
 
-void EmitterImplementation::flushLog() {
-  std::vector<std::pair<LogLevel, std::string>> lines;
-  {
-    std::lock_guard<std::mutex> lock(mutex);
-    lines.swap(pendingLog);
-  }
-  for (const auto& line : lines) log(line.first, kArea, line.second);
-}
-
-HeldDevice* EmitterImplementation::find(const char* identifier) {
-  if (identifier == nullptr) return nullptr;
-  for (auto& d : devices) {
-    if (d->identifier == identifier) return d.get();
-  }
-  return nullptr;
-}
-
-const HeldDevice* EmitterImplementation::find(const char* identifier) const {
-  return const_cast<EmitterImplementation*>(this)->find(identifier);
-}
-
-void EmitterImplementation::refreshDevices() {
-  DeviceRegistry& registry = DeviceRegistry::instance();
-  const uint64_t revision = registry.revision();
-  if (revision == registryRevision) return;
-  registryRevision = revision;
-  for (auto& d : devices) {
-    const auto entry = registry.find(d->identifier);
-    const bool present = entry && entry->device.connected && entry->claimant == this;
-    if (d->present && !present) {
-      note(LogLevel::Warning, "Device " + d->identifier + " was lost by its time-point streaming emitter");
-    }
-    d->present = present;
-  }
-}
-
-bool EmitterImplementation::connected() {
-  refreshDevices();
-  if (devices.empty()) return false;
-  for (const auto& d : devices) {
-    if (!d->present) return false;
-  }
-  return true;
-}
-
-bool EmitterImplementation::acquire(const std::string& identifier, const Transform& transform) {
-  DeviceRegistry& registry = DeviceRegistry::instance();
-  if (identifier.empty() || !registry.claim(identifier, this)) {
-    note(LogLevel::Warning, "Device " + (identifier.empty() ? std::string("(none free)") : identifier) +
-                                " is not available to a time-point streaming emitter");
-    return false;
-  }
-  const auto entry = registry.find(identifier);
-  if (!entry) {
-    registry.release(identifier, this);
-    return false;
-  }
-  auto device = std::make_unique<HeldDevice>();
-  device->identifier = identifier;
-  device->transform = transform;
-  device->arrayWidth = entry->device.arrayWidth;
-  device->arrayDepth = entry->device.arrayDepth;
-  devices.push_back(std::move(device));
-  note(LogLevel::Info, "Time-point streaming emitter claimed device " + identifier);
-  return true;
-}
-
-void EmitterImplementation::releaseDevices() {
-  for (auto& d : devices) DeviceRegistry::instance().release(d->identifier, this);
-  devices.clear();
-}
-
 // --- Emitter -------------------------------------------------------------------
 
 Emitter::Emitter() : implementation_(new EmitterImplementation(this)) {
   journal("Emitter()");
-  FlushLog flush{implementation_};
-  std::lock_guard<std::mutex> lock(implementation_->mutex);
-  implementation_->acquire(DeviceRegistry::instance().firstAvailable(), Transform());
+  implementation_->claimAtStart(nullptr, Transform());
 }
 
 Emitter::Emitter(const char* identifier) : implementation_(new EmitterImplementation(this)) {
   journal("Emitter(" + quoted(identifier) + ")");
-  FlushLog flush{implementation_};
-  std::lock_guard<std::mutex> lock(implementation_->mutex);
-  implementation_->requested = identifier != nullptr ? identifier : "";
-  implementation_->acquire(identifier != nullptr ? identifier : DeviceRegistry::instance().firstAvailable(),
-                           Transform());
+  implementation_->claimAtStart(identifier, Transform());
 }
 
 Emitter::Emitter(Emitter&& other) noexcept : implementation_(other.implementation_) {
@@ -192,12 +95,7 @@ Emitter::Emitter(Emitter&& other) noexcept : implementation_(other.implementatio
 void Emitter::init(const char* identifier, Transform transform) {
   journal("init(" + quoted(identifier) + ")");
   implementation_ = new EmitterImplementation(this);
-  FlushLog flush{implementation_};
-  std::lock_guard<std::mutex> lock(implementation_->mutex);
-  implementation_->requested = identifier != nullptr ? identifier : "";
-  implementation_->requestedTransform = transform;
-  implementation_->acquire(identifier != nullptr ? identifier : DeviceRegistry::instance().firstAvailable(),
-                           transform);
+  implementation_->claimAtStart(identifier, transform);
 }
 
 void Emitter::destroy() noexcept {
@@ -217,50 +115,17 @@ void Emitter::destroy() noexcept {
 
 void Emitter::reinitialize() {
   journal("initialize");
-  EmitterImplementation* e = implementation_;
-  if (e == nullptr) return;
-  FlushLog flush{e};
-  std::lock_guard<std::mutex> lock(e->mutex);
-  e->registryRevision = ~uint64_t(0);
-  e->refreshDevices();
-  for (auto it = e->devices.begin(); it != e->devices.end();) {
-    if (!(*it)->present) {
-      DeviceRegistry::instance().release((*it)->identifier, e);
-      it = e->devices.erase(it);
-    } else {
-      ++it;
-    }
-  }
-  if (e->mode == DeviceSelectionMode::SingleDevice && e->devices.empty()) {
-    e->acquire(e->requested.empty() ? DeviceRegistry::instance().firstAvailable() : e->requested,
-               e->requestedTransform);
-  }
+  if (implementation_ != nullptr) implementation_->reclaim();
 }
 
 bool Emitter::addDevice(const char* identifier, Transform transform) {
   journal("addDevice(" + quoted(identifier) + ")");
-  EmitterImplementation* e = implementation_;
-  if (e == nullptr || identifier == nullptr) return false;
-  FlushLog flush{e};
-  std::lock_guard<std::mutex> lock(e->mutex);
-  if (e->find(identifier) != nullptr) return false;
-  if (e->mode == DeviceSelectionMode::SingleDevice && !e->devices.empty()) return false;
-  return e->acquire(identifier, transform);
+  return implementation_ != nullptr && implementation_->add(identifier, transform);
 }
 
 bool Emitter::removeDevice(const char* identifier) {
   journal("removeDevice(" + quoted(identifier) + ")");
-  EmitterImplementation* e = implementation_;
-  if (e == nullptr) return false;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  for (auto it = e->devices.begin(); it != e->devices.end(); ++it) {
-    if (identifier != nullptr && (*it)->identifier == identifier) {
-      DeviceRegistry::instance().release((*it)->identifier, e);
-      e->devices.erase(it);
-      return true;
-    }
-  }
-  return false;
+  return implementation_ != nullptr && implementation_->remove(identifier);
 }
 
 bool Emitter::setDeviceTransform(const char* identifier, Transform transform) {
@@ -275,29 +140,16 @@ bool Emitter::setDeviceTransform(const char* identifier, Transform transform) {
 }
 
 Transform Emitter::getDeviceTransform(const char* identifier) const {
-  const EmitterImplementation* e = implementation_;
-  if (e == nullptr) return Transform();
-  std::lock_guard<std::mutex> lock(e->mutex);
-  const HeldDevice* device = e->find(identifier);
-  return device != nullptr ? device->transform : Transform();
+  return implementation_ != nullptr ? implementation_->transformOf(identifier) : Transform();
 }
 
 bool Emitter::setDeviceSelectionMode(DeviceSelectionMode mode) {
   journal("setDeviceSelectionMode(" + std::to_string(static_cast<int>(mode)) + ")");
-  EmitterImplementation* e = implementation_;
-  if (e == nullptr) return false;
-  if (mode != DeviceSelectionMode::SingleDevice && mode != DeviceSelectionMode::MultipleDevices) return false;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  if (mode == DeviceSelectionMode::SingleDevice && e->devices.size() > 1) return false;
-  e->mode = mode;
-  return true;
+  return implementation_ != nullptr && implementation_->setSelectionMode(mode);
 }
 
 DeviceSelectionMode Emitter::getDeviceSelectionMode() const {
-  const EmitterImplementation* e = implementation_;
-  if (e == nullptr) return DeviceSelectionMode::SingleDevice;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  return e->mode;
+  return implementation_ != nullptr ? implementation_->selectionMode() : DeviceSelectionMode::SingleDevice;
 }
 
 // Takes effect at the next interval; the emission thread reads it there.
@@ -359,13 +211,7 @@ bool Emitter::reset() {
   return !e->devices.empty();
 }
 
-bool Emitter::isConnected() {
-  EmitterImplementation* e = implementation_;
-  if (e == nullptr) return false;
-  FlushLog flush{e};
-  std::lock_guard<std::mutex> lock(e->mutex);
-  return e->connected();
-}
+bool Emitter::isConnected() { return implementation_ != nullptr && implementation_->isConnected(); }
 
 unsigned int Emitter::setMaximumControlPointCount(unsigned int count) {
   journal("setMaximumControlPointCount(" + std::to_string(count) + ")");
@@ -410,26 +256,16 @@ unsigned int Emitter::getSampleRateLimit() const { return EmitterImplementation:
 const HostDuration& Emitter::getSamplingInterval() const { return implementation_->samplingInterval; }
 const HostTimePoint& Emitter::getLastSampleTime() const { return implementation_->lastSampleTime; }
 
-float Emitter::arrayWidth() const {
-  const EmitterImplementation* e = implementation_;
-  if (e == nullptr) return 0.0f;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  return e->devices.empty() ? 0.0f : e->devices.front()->arrayWidth;
-}
+float Emitter::arrayWidth() const { return implementation_ != nullptr ? implementation_->arrayWidth() : 0.0f; }
 
-float Emitter::arrayDepth() const {
-  const EmitterImplementation* e = implementation_;
-  if (e == nullptr) return 0.0f;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  return e->devices.empty() ? 0.0f : e->devices.front()->arrayDepth;
-}
+float Emitter::arrayDepth() const { return implementation_ != nullptr ? implementation_->arrayDepth() : 0.0f; }
 
 float Emitter::interactionSpaceWidth() const {
   const float width = arrayWidth();
   return width > 0.0f ? width + interactionMargin() : 0.0f;
 }
 
-float Emitter::interactionSpaceHeight() const { return arrayWidth() > 0.0f ? kInteractionHeight : 0.0f; }
+float Emitter::interactionSpaceHeight() const { return arrayWidth() > 0.0f ? am::kInteractionHeight : 0.0f; }
 
 float Emitter::interactionSpaceDepth() const {
   const float depth = arrayDepth();
@@ -462,48 +298,26 @@ bool Emitter::setExtendedOption(const char* name, const char* value) {
 }
 
 size_t Emitter::getExtendedOption(const char* name, char* buffer, size_t size) const {
-  journal("getExtendedOption(" + quoted(name) + ", " + (buffer == nullptr ? "null" : "buffer") + ", " +
-          std::to_string(size) + ")");
+  journal(extendedOptionQuery(name, buffer, size));
   const EmitterImplementation* e = implementation_;
   if (e == nullptr || name == nullptr) return 0;
-  std::optional<std::string> value;
-  {
-    std::lock_guard<std::mutex> lock(e->mutex);
-    value = optionValue(*e, name);
-  }
-  if (!value) return 0;
-  const size_t needed = value->size() + 1;
-  if (buffer != nullptr && size >= needed) std::memcpy(buffer, value->c_str(), needed);
-  return needed;
+  std::lock_guard<std::mutex> lock(e->mutex);
+  return answerExtendedOption(optionValue(*e, name), buffer, size);
 }
 
 DeviceInfo Emitter::getDeviceInfo() const {
-  const EmitterImplementation* e = implementation_;
-  if (e == nullptr) return DeviceInfo();
-  std::lock_guard<std::mutex> lock(e->mutex);
-  return e->devices.empty() ? DeviceInfo() : DeviceRegistry::instance().deviceInfo(e->devices.front()->identifier);
+  return implementation_ != nullptr ? implementation_->deviceInfo() : DeviceInfo();
 }
 
 DeviceInfo Emitter::getDeviceInfo(const std::string& identifier) const {
-  const EmitterImplementation* e = implementation_;
-  if (e == nullptr) return DeviceInfo();
-  std::lock_guard<std::mutex> lock(e->mutex);
-  return e->find(identifier.c_str()) != nullptr ? DeviceRegistry::instance().deviceInfo(identifier) : DeviceInfo();
+  return implementation_ != nullptr ? implementation_->deviceInfo(identifier) : DeviceInfo();
 }
 
 // The held device's record: what the emulator's control interface accepts.
-void* Emitter::getStateEmitter() {
-  EmitterImplementation* e = implementation_;
-  if (e == nullptr) return nullptr;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  return e->devices.empty() ? nullptr : e->devices.front().get();
-}
+void* Emitter::getStateEmitter() { return implementation_ != nullptr ? implementation_->stateEmitter() : nullptr; }
 
 void* Emitter::getStateEmitter(const std::string& identifier) {
-  EmitterImplementation* e = implementation_;
-  if (e == nullptr) return nullptr;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  return e->find(identifier.c_str());
+  return implementation_ != nullptr ? implementation_->stateEmitter(identifier) : nullptr;
 }
 
 }  // namespace TimePointStreaming

@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
-#include <set>
 #include <string>
 #include <thread>
 #include <utility>
@@ -20,22 +19,14 @@
 #include "Velarion/TimePointStreaming/Emitter.h"
 #include "Velarion/Transform.h"
 #include "VelarionEmulator/Streaming.h"
+#include "common/EmitterDevices.h"
+#include "common/EmitterList.h"
 #include "streaming/EmulatedInterval.h"
 
 namespace Velarion {
 namespace TimePointStreaming {
 
-struct EmitterImplementation;
-
-// A device the emitter holds; its address is the emitter's state-emitter handle.
-struct HeldDevice {
-  std::string identifier;
-  Transform transform;
-  float arrayWidth = 0.0f;
-  float arrayDepth = 0.0f;
-  // False once the device was removed or disconnected under the emitter.
-  bool present = true;
-};
+struct HeldDevice : VelarionEmulator::internal::HeldDeviceBase {};
 
 // What one run of the emission thread measured.
 struct EmissionRecord {
@@ -64,7 +55,10 @@ struct EmissionRecord {
   std::vector<Sample> ordered() const;
 };
 
-struct EmitterImplementation {
+inline constexpr VelarionEmulator::internal::EmitterKind kEmitterKind{"TimePointStreaming",
+                                                                     "time-point streaming emitter", "a"};
+
+struct EmitterImplementation : VelarionEmulator::internal::EmitterDevices<HeldDevice> {
   using Clock = std::chrono::steady_clock;
 
   static constexpr unsigned int kControlPointLimit = 32;
@@ -79,15 +73,9 @@ struct EmitterImplementation {
   explicit EmitterImplementation(const Emitter* owner);
 
   // Everything below up to the emission side is guarded by `mutex`.
-  mutable std::mutex mutex;
   // The Emitter object that owns this state (moves update it): the emission
   // thread hands it to the callback.
   const Emitter* owner;
-  DeviceSelectionMode mode = DeviceSelectionMode::SingleDevice;
-  std::string requested;  // the device named at construction
-  Transform requestedTransform;
-  std::vector<std::unique_ptr<HeldDevice>> devices;
-  uint64_t registryRevision = ~uint64_t(0);
 
   unsigned int maximumControlPointCount = kDefaultMaximumControlPointCount;
   unsigned int sampleRate = kDefaultSampleRate;
@@ -97,10 +85,6 @@ struct EmitterImplementation {
   int64_t leadNanoseconds = kDefaultLeadNanoseconds;
   Emitter::EmissionCallback callback = nullptr;
   void* userData = nullptr;
-
-  // Log lines noted under `mutex`, written once it is released: a log
-  // callback may call back into the emitter.
-  std::vector<std::pair<LogLevel, std::string>> pendingLog;
 
   // The emission thread.
   std::thread thread;
@@ -125,18 +109,6 @@ struct EmitterImplementation {
   // Grows the carried control points to at least `count`; new ones are off.
   void ensurePersistent(unsigned int count);
 
-  void note(LogLevel level, std::string message) { pendingLog.emplace_back(level, std::move(message)); }
-  // Writes the noted lines; called without `mutex` held.
-  void flushLog();
-
-  HeldDevice* find(const char* identifier);
-  const HeldDevice* find(const char* identifier) const;
-  // Marks devices that left the registry, or were disconnected, as absent.
-  void refreshDevices();
-  bool connected();
-  bool acquire(const std::string& identifier, const Transform& transform);
-  void releaseDevices();
-
   // Under `mutex`: starts the thread unless it runs.
   void startThread();
   // Without `mutex`: asks the thread to leave and joins it.
@@ -160,38 +132,24 @@ namespace streaming {
 
 // Live emitters, so that the control interface can check the handles it is
 // given. Lock order: this list, then an emitter's mutex, then its record.
-class EmitterList {
- public:
-  static EmitterList& instance();
-  void add(Velarion::TimePointStreaming::EmitterImplementation* emitter);
-  void remove(Velarion::TimePointStreaming::EmitterImplementation* emitter);
-  // Runs f on the live emitter that `handle` (an Emitter or one of its state
-  // emitters) belongs to, under the list's lock. False when there is none.
-  template <class F>
-  bool with(const void* handle, F&& f);
+using EmitterList = internal::EmitterList<Velarion::TimePointStreaming::EmitterImplementation>;
 
- private:
-  std::mutex mutex_;
-  std::set<Velarion::TimePointStreaming::EmitterImplementation*> emitters_;
-};
-
+// Runs f on the live emitter that `handle` (an Emitter or one of its state
+// emitters) belongs to, under the list's lock. False when there is none.
 template <class F>
-bool EmitterList::with(const void* handle, F&& f) {
+bool withEmitter(const void* handle, F&& f) {
   if (handle == nullptr) return false;
-  std::lock_guard<std::mutex> lock(mutex_);
-  for (auto* emitter : emitters_) {
-    bool match = false;
+  bool found = false;
+  EmitterList::instance().forEach([&](Velarion::TimePointStreaming::EmitterImplementation& emitter) {
+    if (found) return;
     {
-      std::lock_guard<std::mutex> emitterLock(emitter->mutex);
-      match = emitter->owner == handle;
-      for (const auto& device : emitter->devices) match = match || device.get() == handle;
+      std::lock_guard<std::mutex> emitterLock(emitter.mutex);
+      found = emitter.owner == handle;
+      for (const auto& device : emitter.devices) found = found || device.get() == handle;
     }
-    if (match) {
-      f(*emitter);
-      return true;
-    }
-  }
-  return false;
+    if (found) f(emitter);
+  });
+  return found;
 }
 
 // Host time <-> steady clock nanoseconds.
