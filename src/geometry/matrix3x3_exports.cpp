@@ -1,6 +1,4 @@
 // Matrix3x3, and the free operators whose main operand is a 3x3 matrix.
-#include <algorithm>
-
 #include "Velarion/Matrix3x3.h"
 #include "interop/casting.h"
 #include "interop/native_names.h"
@@ -26,10 +24,7 @@ VL_CSHARP_EXPORT void* VL_CSHARP_CALL CSharp_Velarion_new_Matrix3x3__SWIG_2(void
 VL_CSHARP_EXPORT void VL_CSHARP_CALL CSharp_Velarion_delete_Matrix3x3(void* self) { destroy<Matrix3x3>(self); }
 
 VL_CSHARP_EXPORT void VL_CSHARP_CALL CSharp_Velarion_Matrix3x3_element_set(void* self, double* values) {
-  // As every field setter: nothing happens without a target (or a source).
-  if (self != nullptr && values != nullptr) {
-    std::copy(values, values + 9, static_cast<Matrix3x3*>(self)->element);
-  }
+  setField(self, &Matrix3x3::element, values);
 }
 
 VL_CSHARP_EXPORT void* VL_CSHARP_CALL CSharp_Velarion_Matrix3x3_element_get(void* self) {

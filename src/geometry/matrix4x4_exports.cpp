@@ -1,6 +1,4 @@
 // Matrix4x4: homogeneous matrices for moving positions and directions.
-#include <algorithm>
-
 #include "Velarion/Matrix4x4.h"
 #include "interop/casting.h"
 #include "interop/native_names.h"
@@ -21,10 +19,7 @@ VL_CSHARP_EXPORT void* VL_CSHARP_CALL CSharp_Velarion_new_Matrix4x4__SWIG_1(
 VL_CSHARP_EXPORT void VL_CSHARP_CALL CSharp_Velarion_delete_Matrix4x4(void* self) { destroy<Matrix4x4>(self); }
 
 VL_CSHARP_EXPORT void VL_CSHARP_CALL CSharp_Velarion_Matrix4x4_element_set(void* self, double* values) {
-  // As every field setter: nothing happens without a target (or a source).
-  if (self != nullptr && values != nullptr) {
-    std::copy(values, values + 16, static_cast<Matrix4x4*>(self)->element);
-  }
+  setField(self, &Matrix4x4::element, values);
 }
 
 VL_CSHARP_EXPORT void* VL_CSHARP_CALL CSharp_Velarion_Matrix4x4_element_get(void* self) {

@@ -5,6 +5,9 @@
 // result for the boundary.
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <type_traits>
@@ -222,6 +225,10 @@ struct Exports {
       return string(std::forward<Fn>(fn)(detail::unwrap(arguments)...));
     } else if constexpr (std::is_pointer_v<R>) {
       return const_cast<void*>(static_cast<const void*>(std::forward<Fn>(fn)(detail::unwrap(arguments)...)));
+    } else if constexpr (std::is_class_v<R> && std::is_lvalue_reference_v<NativeResult<Fn, A...>>) {
+      // A class by reference: borrowed, the address of the referenced object.
+      return const_cast<void*>(
+          static_cast<const void*>(std::addressof(std::forward<Fn>(fn)(detail::unwrap(arguments)...))));
     } else if constexpr (std::is_arithmetic_v<R>) {
       return std::forward<Fn>(fn)(detail::unwrap(arguments)...);
     } else {
@@ -252,6 +259,15 @@ template <class T, class F>
 void setFieldFrom(void* self, F T::*field, const void* value) {
   if (self != nullptr && value != nullptr) {
     static_cast<T*>(self)->*field = *static_cast<const F*>(value);
+  }
+}
+
+// Field `_set` of an array field: copies the whole array from `values`;
+// without a target or a source nothing happens.
+template <class T, class F, std::size_t N>
+void setField(void* self, F (T::*field)[N], const F* values) {
+  if (self != nullptr && values != nullptr) {
+    std::copy(values, values + N, static_cast<T*>(self)->*field);
   }
 }
 

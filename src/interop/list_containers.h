@@ -18,6 +18,13 @@
 namespace vlcs {
 namespace lists {
 
+// The words a failure reports: out_of_range names the argument,
+// invalid_argument says what is wrong.
+constexpr const char* kIndex = "index";
+constexpr const char* kCount = "count";
+constexpr const char* kCapacity = "capacity";
+constexpr const char* kInvalidRange = "invalid range";
+
 // 32-bit two's complement arithmetic without signed overflow.
 inline int wrappingSum(int a, int b) {
   return static_cast<int>(static_cast<uint32_t>(a) + static_cast<uint32_t>(b));
@@ -42,14 +49,14 @@ uint32_t capacity(const std::vector<T>& list) {
 template <class T>
 void checkElement(const std::vector<T>& list, int index) {
   if (index < 0 || index >= sizeOf(list)) {
-    throw std::out_of_range("index");
+    throw std::out_of_range(kIndex);
   }
 }
 
 template <class T>
 void checkInsertion(const std::vector<T>& list, int index) {
   if (index < 0 || index > sizeOf(list)) {
-    throw std::out_of_range("index");
+    throw std::out_of_range(kIndex);
   }
 }
 
@@ -58,15 +65,15 @@ void checkInsertion(const std::vector<T>& list, int index) {
 template <class T>
 int checkRange(const std::vector<T>& list, int index, int count) {
   if (index < 0) {
-    throw std::out_of_range("index");
+    throw std::out_of_range(kIndex);
   }
   if (count < 0) {
-    throw std::out_of_range("count");
+    throw std::out_of_range(kCount);
   }
   const int size = sizeOf(list);
   const int end = wrappingSum(index, count);
   if (index >= wrappingSum(size, 1) || end > size) {
-    throw std::invalid_argument("invalid range");
+    throw std::invalid_argument(kInvalidRange);
   }
   return end;
 }
@@ -80,7 +87,7 @@ std::pair<Iterator, Iterator> rangeOf(Iterator begin, int index, int end) {
 template <class T>
 std::vector<T>* withCapacity(int capacity) {
   if (capacity < 0) {
-    throw std::out_of_range("capacity");
+    throw std::out_of_range(kCapacity);
   }
   auto list = std::make_unique<std::vector<T>>();
   list->reserve(static_cast<size_t>(capacity));
@@ -157,7 +164,7 @@ void removeRange(std::vector<T>& list, int index, int count) {
 template <class T>
 std::vector<T>* repeat(const T& value, int count) {
   if (count < 0) {
-    throw std::out_of_range("count");
+    throw std::out_of_range(kCount);
   }
   return new std::vector<T>(static_cast<size_t>(count), value);
 }
@@ -177,10 +184,10 @@ void reverse(std::vector<T>& list, int index, int count) {
 template <class T>
 void setRange(std::vector<T>& list, int index, const std::vector<T>& values) {
   if (index < 0) {
-    throw std::out_of_range("index");
+    throw std::out_of_range(kIndex);
   }
   if (static_cast<uint64_t>(index) + static_cast<uint64_t>(values.size()) > static_cast<uint64_t>(list.size())) {
-    throw std::out_of_range("index");
+    throw std::out_of_range(kIndex);
   }
   // Only index 0 gets past the check with the list itself: a no-op.
   if (&list != &values) {
