@@ -34,6 +34,14 @@ void add(int64_t& seconds, uint32_t& fraction, int64_t otherSeconds, uint32_t ot
   fraction = static_cast<uint32_t>(sum);
 }
 
+// The assignments of both host time types.
+template <class Host>
+Host& assign(Host& target, const Host& source) {
+  target.seconds = source.seconds;
+  target.fraction = source.fraction;
+  return target;
+}
+
 }  // namespace
 
 HostDuration::HostDuration() : seconds(0), fraction(0) {}
@@ -42,17 +50,9 @@ HostDuration::HostDuration(long long wholeSeconds, double fractionOfSecond) {
   normalise(wholeSeconds, fractionOfSecond, seconds, fraction);
 }
 
-HostDuration& HostDuration::operator=(const HostDuration& other) {
-  seconds = other.seconds;
-  fraction = other.fraction;
-  return *this;
-}
+HostDuration& HostDuration::operator=(const HostDuration& other) { return assign(*this, other); }
 
-HostDuration& HostDuration::operator=(HostDuration&& other) {
-  seconds = other.seconds;
-  fraction = other.fraction;
-  return *this;
-}
+HostDuration& HostDuration::operator=(HostDuration&& other) { return assign(*this, other); }
 
 HostDuration HostDuration::operator*(unsigned int n) const {
   const uint64_t steps = static_cast<uint64_t>(fraction) * n;
@@ -68,17 +68,9 @@ HostTimePoint::HostTimePoint(long long wholeSeconds, double fractionOfSecond) {
   normalise(wholeSeconds, fractionOfSecond, seconds, fraction);
 }
 
-HostTimePoint& HostTimePoint::operator=(const HostTimePoint& other) {
-  seconds = other.seconds;
-  fraction = other.fraction;
-  return *this;
-}
+HostTimePoint& HostTimePoint::operator=(const HostTimePoint& other) { return assign(*this, other); }
 
-HostTimePoint& HostTimePoint::operator=(HostTimePoint&& other) {
-  seconds = other.seconds;
-  fraction = other.fraction;
-  return *this;
-}
+HostTimePoint& HostTimePoint::operator=(HostTimePoint&& other) { return assign(*this, other); }
 
 HostTimePoint& HostTimePoint::operator+=(const HostDuration& duration) {
   add(seconds, fraction, duration.seconds, duration.fraction);
