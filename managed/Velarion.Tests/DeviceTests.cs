@@ -89,6 +89,9 @@ namespace Velarion.Tests
             Assert.All(fifteen, v => Assert.Equal(0.0, v));
         }
 
+        [MethodImpl(MethodImplOptions.NoInlining)]
+        private static Transducer FirstElementOfADroppedLayout(DeviceInfo info) => info.getTransducerConfiguration().at(0);
+
         [Fact]
         public void ReadsTransducerLayoutsAndDefaultAlignments()
         {
@@ -102,6 +105,15 @@ namespace Velarion.Tests
             Assert.Equal(0.0086f, next.x_position - corner.x_position, 6);
             Assert.Equal(1f, corner.z_upvector);
             Assert.True(corner.isEnabled());
+            // Past the end the device library would throw through the native frames.
+            Assert.Throws<ArgumentOutOfRangeException>(() => layout.at(100));
+            Assert.Equal(corner.x_position, layout.data().x_position);
+
+            // A borrowed element keeps its container reachable.
+            var element = FirstElementOfADroppedLayout(info);
+            GC.Collect();
+            GC.WaitForPendingFinalizers();
+            Assert.Equal(corner.x_position, element.x_position);
 
             using var alignment = info.getDefaultAlignment();
             var toTracking = new double[16];

@@ -38,6 +38,11 @@ enum class DeviceSelectionMode {
   MultipleDevices = 1
 };
 
+// A proxy lent out by a container keeps that container reachable.
+%typemap(cscode) Transducer %{
+  internal TransducerContainer container;
+%}
+
 struct Transducer {
   float x_position;
   float y_position;
@@ -52,6 +57,25 @@ struct Transducer {
   bool isEnabled() const;
 };
 
+// at() of the device library throws past the end, which no managed caller
+// could catch: the proxy checks the index first. Elements are borrowed from
+// the container, so their proxies keep it reachable.
+%typemap(csin, pre="    if ($csinput >= size()) throw new global::System.ArgumentOutOfRangeException(\"$csinput\");")
+    unsigned int TRANSDUCER_INDEX "$csinput"
+%apply unsigned int TRANSDUCER_INDEX { unsigned int index }
+%typemap(csout, excode=SWIGEXCODE) const Transducer& at {
+    Transducer ret = new Transducer($imcall, false);$excode
+    ret.container = this;
+    return ret;
+  }
+%typemap(csout, excode=SWIGEXCODE) const Transducer* data {
+    global::System.IntPtr cPtr = $imcall;$excode
+    if (cPtr == global::System.IntPtr.Zero) return null;
+    Transducer ret = new Transducer(cPtr, false);
+    ret.container = this;
+    return ret;
+  }
+
 // Counts and indices cross as 32-bit values; size() as 64-bit.
 class TransducerContainer {
  public:
@@ -65,6 +89,8 @@ class TransducerContainer {
   bool insert(unsigned int position, unsigned int count, const Transducer* array);
   bool erase(unsigned int first, unsigned int count);
 };
+
+%clear unsigned int index;
 
 // The 4 x 4 exports fill a caller-provided array of sixteen values. The
 // native side writes all sixteen unchecked, so a short array is refused here
