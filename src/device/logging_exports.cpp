@@ -89,7 +89,9 @@ VL_CSHARP_EXPORT void VL_CSHARP_CALL CSharp_Velarion_LoggingCallbackWrapper_call
                                                                                    unsigned int first_number,
                                                                                    unsigned int second_number,
                                                                                    const char* second_text) {
-  static_cast<LoggingCallbackWrapper*>(self)->callback(message, first_number, second_number, second_text);
+  E::call([](LoggingCallbackWrapper& wrapper, const char* m, unsigned int first, unsigned int second,
+             const char* text) { wrapper.callback(m, first, second, text); },
+          Self<LoggingCallbackWrapper>{self}, message, first_number, second_number, second_text);
 }
 
 VL_CSHARP_EXPORT void VL_CSHARP_CALL CSharp_Velarion_delete_LoggingCallbackWrapper(void* self) {

@@ -113,7 +113,7 @@ namespace Velarion.Demo
                 if (area == "TimePointStreaming") Console.WriteLine($"  [log] {message}");
             });
             using var library = new VelarionLibrary();
-            var logging = library.getLoggingInterface_internal();
+            var logging = library.getLoggingInterface();
             for (uint level = 1; level <= 3; ++level) logging.setManagedLoggingCallback(level, log);
 
             using var identifiers = library.getManagedDeviceIdentifiers();
