@@ -3,6 +3,7 @@
 // the emitter's rules about devices, limits and options.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <cmath>
 #include <string>
@@ -316,4 +317,42 @@ TEST_F(AcousticField, TheEmissionThreadKeepsRenderingTheLastUpdateUntilStopped) 
   EXPECT_NE(messages[messages.size() - 2].find("started on VLA16-2A1F0031 at 16000 Hz"), std::string::npos)
       << messages[messages.size() - 2];
   EXPECT_EQ(messages.back(), "Amplitude modulation emitter stopped");
+}
+
+namespace {
+// Stops the emitter from the log line that reports its device lost, which the
+// emission thread writes.
+struct StopOnLoss {
+  Emitter* emitter = nullptr;
+  std::atomic<int> calls{0};
+  std::atomic<bool> stopped{false};
+};
+void stopOnLoss(const char* message, unsigned int, unsigned int, const char*, void* user) {
+  auto* handler = static_cast<StopOnLoss*>(user);
+  if (std::string(message).find("was lost") == std::string::npos) return;
+  handler->stopped = handler->emitter->stop();
+  ++handler->calls;
+}
+}  // namespace
+
+TEST_F(AcousticField, ALogHandlerOnTheEmissionThreadMayStopTheEmitter) {
+  StopOnLoss handler;
+  Velarion::LoggingExternalInterface logging;
+  logging.redirectLoggingToNull();
+  logging.setCallbackForLogLevel(static_cast<unsigned>(Velarion::LogLevel::Warning), stopOnLoss, &handler);
+
+  emulator::setManualStepping(false);
+  Emitter emitter(kDevice, Transform());
+  handler.emitter = &emitter;
+  ASSERT_TRUE(update(emitter, {ControlPoint(0, 0, 0.15f, 1.0f, 100.0f)}));
+  ASSERT_TRUE(VelarionEmulator::Devices::setConnected(kDevice, false));
+  const auto giveUp = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+  while (handler.calls == 0 && std::chrono::steady_clock::now() < giveUp) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(2));
+  }
+  // The thread cannot join itself: it is asked to leave, and the destructor
+  // joins it.
+  EXPECT_EQ(handler.calls, 1);
+  EXPECT_TRUE(handler.stopped);
+  EXPECT_FALSE(emulator::currentDrive(std::string(kDevice)).has_value());
 }

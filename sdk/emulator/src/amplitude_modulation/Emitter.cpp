@@ -98,30 +98,19 @@ void EmitterImplementation::restartClock() {
 void EmitterImplementation::startThread() {
   if (threadRunning) return;
   if (thread.joinable()) thread.join();  // a thread that left on its own
-  threadStop = false;
+  stopRequested = false;
   threadRunning = true;
   restartClock();
   thread = std::thread([this] { run(); });
-}
-
-void EmitterImplementation::stopThread() {
-  std::thread finishing;
-  {
-    std::lock_guard<std::mutex> lock(mutex);
-    threadStop = true;
-    finishing = std::move(thread);
-  }
-  wake.notify_all();
-  if (finishing.joinable()) finishing.join();
 }
 
 void EmitterImplementation::run() {
   std::unique_lock<std::mutex> lock(mutex);
   // Wakes every millisecond and renders the sample due then; the samples in
   // between are the device's, the emulator keeps only the newest frame.
-  while (!threadStop && emitting && !am::manualStepping()) {
+  while (!stopRequested && emitting && !am::manualStepping()) {
     wake.wait_for(lock, std::chrono::milliseconds(1));
-    if (threadStop || am::manualStepping()) break;
+    if (stopRequested || am::manualStepping()) break;
     const double elapsed = std::chrono::duration<double>(Clock::now() - clockStart).count();
     sampleIndex = clockBase + static_cast<uint64_t>(elapsed * settings.sampleRate);
     refreshDevices();

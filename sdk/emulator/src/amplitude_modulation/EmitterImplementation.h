@@ -47,10 +47,7 @@ struct EmitterImplementation : VelarionEmulator::internal::EmitterDevices<HeldDe
   uint64_t frames = 0;
 
   // The emission thread renders at the sample clock while it runs.
-  std::thread thread;
-  std::condition_variable wake;
   bool threadRunning = false;
-  bool threadStop = false;
   Clock::time_point clockStart;
   uint64_t clockBase = 0;
 
@@ -59,8 +56,6 @@ struct EmitterImplementation : VelarionEmulator::internal::EmitterDevices<HeldDe
   void silence();
   void restartClock();
   void startThread();
-  // Called without `mutex` held.
-  void stopThread();
   void run();
 
  protected:

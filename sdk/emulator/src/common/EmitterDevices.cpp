@@ -43,5 +43,16 @@ void EmitterBase::writeLog(const std::vector<LogLine>& lines) const {
   for (const auto& line : lines) log(line.first, kind.area, line.second);
 }
 
+void EmitterBase::stopThread() {
+  std::thread finishing;
+  {
+    std::lock_guard<std::mutex> lock(mutex);
+    stopRequested = true;
+    if (thread.get_id() != std::this_thread::get_id()) finishing = std::move(thread);
+  }
+  wake.notify_all();
+  if (finishing.joinable()) finishing.join();
+}
+
 }  // namespace internal
 }  // namespace VelarionEmulator

@@ -3,10 +3,12 @@
 // and note log lines under their lock to write once it is released.
 #pragma once
 
+#include <condition_variable>
 #include <cstdint>
 #include <memory>
 #include <mutex>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -71,6 +73,15 @@ struct EmitterBase {
   // Under `mutex`: takes the noted lines out, for writing after the lock.
   std::vector<LogLine> takeNotedLines();
   void writeLog(const std::vector<LogLine>& lines) const;
+
+  // The emission thread, started by each emitter its own way.
+  std::thread thread;
+  std::condition_variable wake;
+  bool stopRequested = false;  // asks the thread to leave
+  // Without `mutex`: asks the thread to leave and joins it. From the thread
+  // itself (a log or emission callback) it only asks: the thread leaves once
+  // the callback returns, and a later start or the destructor joins it.
+  void stopThread();
 };
 
 // Writes an emitter's noted log lines when it goes out of scope; declared

@@ -161,20 +161,6 @@ void EmitterImplementation::startThread() {
   thread = std::thread([this] { run(); });
 }
 
-void EmitterImplementation::stopThread() {
-  std::thread finishing;
-  {
-    std::lock_guard<std::mutex> lock(mutex);
-    stopRequested = true;
-    // From inside the callback the thread cannot join itself: it leaves after
-    // this interval and a later stop, or the destructor, joins it.
-    if (thread.get_id() != std::this_thread::get_id()) finishing = std::move(thread);
-  }
-  wake.notify_all();
-  if (finishing.joinable()) finishing.join();
-  flushLog();
-}
-
 void EmitterImplementation::run() {
   const bool raised = DeviceRegistry::instance().threadPriorityManagementAllowed() && raisePriority();
   {

@@ -104,6 +104,7 @@ void Emitter::destroy() noexcept {
   if (e == nullptr) return;
   streaming::EmitterList::instance().remove(e);
   e->stopThread();
+  e->flushLog();
   {
     std::lock_guard<std::mutex> lock(e->mutex);
     e->releaseDevices();
@@ -192,6 +193,7 @@ bool Emitter::stop() {
     if (e->devices.empty()) return false;
   }
   e->stopThread();
+  e->flushLog();
   return true;
 }
 
@@ -201,6 +203,7 @@ bool Emitter::reset() {
   EmitterImplementation* e = implementation_;
   if (e == nullptr) return false;
   e->stopThread();
+  e->flushLog();
   std::lock_guard<std::mutex> lock(e->mutex);
   e->sampleRate = EmitterImplementation::kDefaultSampleRate;
   e->samplingInterval = HostDuration(0, 1.0 / EmitterImplementation::kDefaultSampleRate);

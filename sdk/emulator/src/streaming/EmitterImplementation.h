@@ -87,10 +87,7 @@ struct EmitterImplementation : VelarionEmulator::internal::EmitterDevices<HeldDe
   void* userData = nullptr;
 
   // The emission thread.
-  std::thread thread;
-  std::condition_variable wake;
-  bool emitting = false;       // the thread runs, or is about to
-  bool stopRequested = false;  // asks the thread to leave
+  bool emitting = false;  // the thread runs, or is about to
   std::chrono::steady_clock::time_point lastMissLog;
   uint64_t missesSinceLog = 0;
 
@@ -111,8 +108,6 @@ struct EmitterImplementation : VelarionEmulator::internal::EmitterDevices<HeldDe
 
   // Under `mutex`: starts the thread unless it runs.
   void startThread();
-  // Without `mutex`: asks the thread to leave and joins it.
-  void stopThread();
   void run();
 };
 
