@@ -1,66 +1,43 @@
 // AmplitudeModulationEmitter exports, seen through the emulator's journal:
 // which device-library calls each export makes, with which arguments.
-#include "support/interop_harness.h"
-
 #include <algorithm>
 #include <string>
 #include <vector>
 
 #include "VelarionEmulator/AmplitudeModulation.h"
-#include "VelarionEmulator/Devices.h"
 #include "VelarionEmulator/Journal.h"
+#include "support/emitter_export_test.h"
 
 using namespace harness;
 namespace Journal = VelarionEmulator::Journal;
 
 namespace {
 
-const char* const kDevice = "VLA16-2A1F0031";
-const char* const kOtherDevice = "VLC10-5B330107";
-const std::string kVersionCheck = "VersionInfo::checkVersion(2, 6, 4)";
-
-class EmitterExports : public ExportTest {
+class EmitterExports : public EmitterExportTest {
  protected:
+  EmitterExports()
+      : EmitterExportTest("CSharp_Velarion_new_AmplitudeModulationEmitter__SWIG_2",
+                          "CSharp_Velarion_delete_AmplitudeModulationEmitter") {}
   void SetUp() override {
-    ExportTest::SetUp();
-    VelarionEmulator::Devices::resetToDefaults();
+    EmitterExportTest::SetUp();
     VelarionEmulator::AmplitudeModulation::setManualStepping(true);
-    Journal::clear();
   }
   void TearDown() override {
-    for (void* e : emitters) call<void(void*)>("CSharp_Velarion_delete_AmplitudeModulationEmitter", e);
-    for (void* t : transforms) call<void(void*)>("CSharp_Velarion_delete_Transform", t);
+    EmitterExportTest::TearDown();
     for (void* c : collections) call<void(void*)>("CSharp_Velarion_delete_ControlPointCollection", c);
     VelarionEmulator::AmplitudeModulation::setManualStepping(false);
-    ExportTest::TearDown();
-  }
-  void* keep(void* emitter) {
-    emitters.push_back(emitter);
-    return emitter;
-  }
-  void* translation(double x, double y, double z) {
-    transforms.push_back(call<void*(double, double, double)>("CSharp_Velarion_Transform_translation__SWIG_1", x, y, z));
-    return transforms.back();
-  }
-  void* emitterWithTransform(const char* device) {
-    return keep(call<void*(const char*, void*)>("CSharp_Velarion_new_AmplitudeModulationEmitter__SWIG_2", device,
-                                                translation(0, 0, 0)));
   }
   void* collection() {
     collections.push_back(call<void*()>("CSharp_Velarion_new_ControlPointCollection"));
     return collections.back();
   }
-  static std::vector<std::string> journal() { return Journal::entries(); }
-  static size_t count(const std::vector<std::string>& entries, const std::string& entry) {
-    return static_cast<size_t>(std::count(entries.begin(), entries.end(), entry));
-  }
-  std::vector<void*> emitters, transforms, collections;
+  std::vector<void*> collections;
 };
 
 }  // namespace
 
 TEST_F(EmitterExports, OnlyTheTransformConstructorChecksTheVersionRightAfterInit) {
-  emitterWithTransform(kDevice);
+  emitterOn(kDevice);
   std::vector<std::string> entries = journal();
   const auto init = std::find(entries.begin(), entries.end(), "AmplitudeModulation::Emitter::init(\"VLA16-2A1F0031\")");
   ASSERT_NE(init, entries.end());
@@ -91,7 +68,7 @@ TEST_F(EmitterExports, OnlyTheTransformConstructorChecksTheVersionRightAfterInit
 }
 
 TEST_F(EmitterExports, UpdatePassesTheCollectionsArrayOrNullForOneNeverFilled) {
-  void* emitter = emitterWithTransform(kDevice);
+  void* emitter = emitterOn(kDevice);
   void* empty = collection();
   Journal::clear();
   EXPECT_EQ(call<unsigned(void*, void*)>("CSharp_Velarion_AmplitudeModulationEmitter_update_internal", emitter, empty),
@@ -117,7 +94,7 @@ TEST_F(EmitterExports, UpdatePassesTheCollectionsArrayOrNullForOneNeverFilled) {
 }
 
 TEST_F(EmitterExports, ManagedExtendedOptionQueriesTheSizeThenReadsOnce) {
-  void* emitter = emitterWithTransform(kDevice);
+  void* emitter = emitterOn(kDevice);
   using Managed = void*(void*, const char*);
   Journal::clear();
   EXPECT_EQ(managedString(call<Managed>("CSharp_Velarion_AmplitudeModulationEmitter_getManagedExtendedOption", emitter,

@@ -7,10 +7,9 @@
 
 #include "Velarion/HostTime.h"
 #include "Velarion/TimePointStreaming/Emitter.h"
-#include "VelarionEmulator/Devices.h"
 #include "VelarionEmulator/Journal.h"
 #include "VelarionEmulator/Streaming.h"
-#include "support/interop_harness.h"
+#include "support/emitter_export_test.h"
 
 using namespace harness;
 namespace Journal = VelarionEmulator::Journal;
@@ -19,40 +18,13 @@ using Velarion::HostTimePoint;
 
 namespace {
 
-const char* const kDevice = "VLA16-2A1F0031";
-const char* const kOtherDevice = "VLC10-5B330107";
-const std::string kVersionCheck = "VersionInfo::checkVersion(2, 6, 4)";
-
-class StreamingEmitterExports : public ExportTest {
+class StreamingEmitterExports : public EmitterExportTest {
  protected:
-  void SetUp() override {
-    ExportTest::SetUp();
-    VelarionEmulator::Devices::resetToDefaults();
-    Journal::clear();
-  }
-  void TearDown() override {
-    for (void* e : emitters) call<void(void*)>("CSharp_Velarion_delete_TimePointStreamingEmitter", e);
-    for (void* t : transforms) call<void(void*)>("CSharp_Velarion_delete_Transform", t);
-    ExportTest::TearDown();
-  }
-  void* keep(void* emitter) {
-    emitters.push_back(emitter);
-    return emitter;
-  }
-  void* translation(double x, double y, double z) {
-    transforms.push_back(call<void*(double, double, double)>("CSharp_Velarion_Transform_translation__SWIG_1", x, y, z));
-    return transforms.back();
-  }
-  void* emitterOn(const char* device) {
-    return keep(call<void*(const char*, void*)>("CSharp_Velarion_new_TimePointStreamingEmitter__SWIG_2", device,
-                                                translation(0, 0, 0)));
-  }
+  StreamingEmitterExports()
+      : EmitterExportTest("CSharp_Velarion_new_TimePointStreamingEmitter__SWIG_2",
+                          "CSharp_Velarion_delete_TimePointStreamingEmitter") {}
   static unsigned connected(void* emitter) {
     return call<unsigned(void*)>("CSharp_Velarion_TimePointStreamingEmitter_isConnected", emitter);
-  }
-  static std::vector<std::string> journal() { return Journal::entries(); }
-  static size_t count(const std::vector<std::string>& entries, const std::string& entry) {
-    return static_cast<size_t>(std::count(entries.begin(), entries.end(), entry));
   }
   // Null-argument failures of this emitter go through its own module's table.
   static void expectNull(const char* message) {
@@ -62,7 +34,6 @@ class StreamingEmitterExports : public ExportTest {
     EXPECT_EQ(pending.message, message);
     EXPECT_FALSE(pending.paramName.has_value());
   }
-  std::vector<void*> emitters, transforms;
 };
 
 }  // namespace
