@@ -103,43 +103,201 @@ struct EmitterDevices : EmitterBase {
   std::vector<std::unique_ptr<Device>> devices;
 
   // Under `mutex`.
-  Device* find(const char* identifier);
-  const Device* find(const char* identifier) const;
+  Device* find(const char* identifier) {
+    if (identifier == nullptr) return nullptr;
+    for (auto& d : devices) {
+      if (d->identifier == identifier) return d.get();
+    }
+    return nullptr;
+  }
+  const Device* find(const char* identifier) const { return const_cast<EmitterDevices*>(this)->find(identifier); }
+
   // Under `mutex`: marks devices that left the registry, or were
   // disconnected, as absent.
-  void refreshDevices();
+  void refreshDevices() {
+    DeviceRegistry& registry = DeviceRegistry::instance();
+    const uint64_t revision = registry.revision();
+    if (revision == registryRevision) return;
+    registryRevision = revision;
+    for (auto& d : devices) {
+      const auto entry = registry.find(d->identifier);
+      const bool present = entry && entry->device.connected && entry->claimant == this;
+      if (d->present && !present) {
+        dropped(*d);
+        note(Velarion::LogLevel::Warning, "Device " + d->identifier + " was lost by its " + kind.name);
+      }
+      d->present = present;
+    }
+  }
+
   // Under `mutex`: holds at least one device and every one is present.
-  bool connected();
+  bool connected() {
+    refreshDevices();
+    if (devices.empty()) return false;
+    for (const auto& d : devices) {
+      if (!d->present) return false;
+    }
+    return true;
+  }
+
   // Under `mutex`: claims and adds the device; notes why it could not.
-  bool acquire(const std::string& identifier, const Velarion::Transform& transform);
+  bool acquire(const std::string& identifier, const Velarion::Transform& transform) {
+    DeviceRegistry& registry = DeviceRegistry::instance();
+    if (identifier.empty() || !registry.claim(identifier, this)) {
+      note(Velarion::LogLevel::Warning, "Device " + (identifier.empty() ? std::string("(none free)") : identifier) +
+                                            " is not available to " + kind.article + " " + kind.name);
+      return false;
+    }
+    const auto entry = registry.find(identifier);
+    if (!entry) {
+      registry.release(identifier, this);
+      return false;
+    }
+    auto device = std::make_unique<Device>();
+    device->identifier = identifier;
+    device->transform = transform;
+    device->arrayWidth = entry->device.arrayWidth;
+    device->arrayDepth = entry->device.arrayDepth;
+    adopted(*device, *entry);
+    devices.push_back(std::move(device));
+    note(Velarion::LogLevel::Info, capitalised(kind.name) + " claimed device " + identifier);
+    return true;
+  }
+
   // Under `mutex`: releases one held device, which stays in the list.
-  void release(Device& device);
+  void release(Device& device) {
+    dropped(device);
+    DeviceRegistry::instance().release(device.identifier, this);
+  }
+
   // Under `mutex`: releases every device and forgets them.
-  void releaseDevices();
+  void releaseDevices() {
+    for (auto& d : devices) release(*d);
+    devices.clear();
+  }
+
   // Under `mutex`: notes that emission started on the held devices.
-  void noteStarted(unsigned int sampleRate, std::size_t controlPoints);
+  void noteStarted(unsigned int sampleRate, std::size_t controlPoints) {
+    std::string list;
+    for (const auto& d : devices) list += (list.empty() ? "" : ", ") + d->identifier;
+    note(Velarion::LogLevel::Info, capitalised(kind.name) + " started on " + list + " at " +
+                                       std::to_string(sampleRate) + " Hz with " + std::to_string(controlPoints) +
+                                       " control point" + (controlPoints == 1 ? "" : "s"));
+  }
 
   // Construction: claims the named device (null: the first free one) and
   // remembers the request for reclaim().
-  void claimAtStart(const char* identifier, const Velarion::Transform& transform);
+  void claimAtStart(const char* identifier, const Velarion::Transform& transform) {
+    FlushLog flush{this};
+    std::lock_guard<std::mutex> lock(mutex);
+    requested = identifier != nullptr ? identifier : "";
+    requestedTransform = transform;
+    acquire(identifier != nullptr ? identifier : DeviceRegistry::instance().firstAvailable(), transform);
+  }
+
   // Drops held devices that were lost; in single-device mode without a device
   // claims the requested one again.
-  void reclaim();
-  bool add(const char* identifier, const Velarion::Transform& transform);
-  bool remove(const char* identifier);
-  bool isConnected();
-  Velarion::DeviceSelectionMode selectionMode() const;
+  void reclaim() {
+    FlushLog flush{this};
+    std::lock_guard<std::mutex> lock(mutex);
+    registryRevision = ~uint64_t(0);
+    refreshDevices();
+    for (auto it = devices.begin(); it != devices.end();) {
+      if (!(*it)->present) {
+        release(**it);
+        it = devices.erase(it);
+      } else {
+        ++it;
+      }
+    }
+    if (mode == Velarion::DeviceSelectionMode::SingleDevice && devices.empty()) {
+      acquire(requested.empty() ? DeviceRegistry::instance().firstAvailable() : requested, requestedTransform);
+    }
+    devicesChanged();
+  }
+
+  bool add(const char* identifier, const Velarion::Transform& transform) {
+    if (identifier == nullptr) return false;
+    FlushLog flush{this};
+    std::lock_guard<std::mutex> lock(mutex);
+    if (find(identifier) != nullptr) return false;
+    if (mode == Velarion::DeviceSelectionMode::SingleDevice && !devices.empty()) return false;
+    if (!acquire(identifier, transform)) return false;
+    devicesChanged();
+    return true;
+  }
+
+  bool remove(const char* identifier) {
+    std::lock_guard<std::mutex> lock(mutex);
+    for (auto it = devices.begin(); it != devices.end(); ++it) {
+      if (identifier != nullptr && (*it)->identifier == identifier) {
+        release(**it);
+        devices.erase(it);
+        return true;
+      }
+    }
+    return false;
+  }
+
+  bool isConnected() {
+    FlushLog flush{this};
+    std::lock_guard<std::mutex> lock(mutex);
+    return connected();
+  }
+
+  Velarion::DeviceSelectionMode selectionMode() const {
+    std::lock_guard<std::mutex> lock(mutex);
+    return mode;
+  }
+
   // False for an unknown mode, or single-device mode while holding several.
-  bool setSelectionMode(Velarion::DeviceSelectionMode newMode);
-  Velarion::Transform transformOf(const char* identifier) const;
+  bool setSelectionMode(Velarion::DeviceSelectionMode newMode) {
+    using Velarion::DeviceSelectionMode;
+    if (newMode != DeviceSelectionMode::SingleDevice && newMode != DeviceSelectionMode::MultipleDevices) return false;
+    std::lock_guard<std::mutex> lock(mutex);
+    if (newMode == DeviceSelectionMode::SingleDevice && devices.size() > 1) return false;
+    mode = newMode;
+    return true;
+  }
+
+  // Identity for a device not held.
+  Velarion::Transform transformOf(const char* identifier) const {
+    std::lock_guard<std::mutex> lock(mutex);
+    const Device* device = find(identifier);
+    return device != nullptr ? device->transform : Velarion::Transform();
+  }
+
   // Of the first held device; 0 without one.
-  float arrayWidth() const;
-  float arrayDepth() const;
+  float arrayWidth() const {
+    std::lock_guard<std::mutex> lock(mutex);
+    return devices.empty() ? 0.0f : devices.front()->arrayWidth;
+  }
+  float arrayDepth() const {
+    std::lock_guard<std::mutex> lock(mutex);
+    return devices.empty() ? 0.0f : devices.front()->arrayDepth;
+  }
+
   // The first held device, or the named one; empty when not held.
-  Velarion::DeviceInfo deviceInfo() const;
-  Velarion::DeviceInfo deviceInfo(const std::string& identifier) const;
-  void* stateEmitter();
-  void* stateEmitter(const std::string& identifier);
+  Velarion::DeviceInfo deviceInfo() const {
+    std::lock_guard<std::mutex> lock(mutex);
+    return devices.empty() ? Velarion::DeviceInfo()
+                           : DeviceRegistry::instance().deviceInfo(devices.front()->identifier);
+  }
+  Velarion::DeviceInfo deviceInfo(const std::string& identifier) const {
+    std::lock_guard<std::mutex> lock(mutex);
+    return find(identifier.c_str()) != nullptr ? DeviceRegistry::instance().deviceInfo(identifier)
+                                               : Velarion::DeviceInfo();
+  }
+
+  // The held device's address, or null.
+  void* stateEmitter() {
+    std::lock_guard<std::mutex> lock(mutex);
+    return devices.empty() ? nullptr : devices.front().get();
+  }
+  void* stateEmitter(const std::string& identifier) {
+    std::lock_guard<std::mutex> lock(mutex);
+    return find(identifier.c_str());
+  }
 
  protected:
   // Under `mutex`, for what an emitter keeps beside the common data.
@@ -150,215 +308,6 @@ struct EmitterDevices : EmitterBase {
   // The set of devices changed through reclaim() or add().
   virtual void devicesChanged() {}
 };
-
-// --- EmitterDevices ------------------------------------------------------------
-
-template <class Device>
-Device* EmitterDevices<Device>::find(const char* identifier) {
-  if (identifier == nullptr) return nullptr;
-  for (auto& d : devices) {
-    if (d->identifier == identifier) return d.get();
-  }
-  return nullptr;
-}
-
-template <class Device>
-const Device* EmitterDevices<Device>::find(const char* identifier) const {
-  return const_cast<EmitterDevices*>(this)->find(identifier);
-}
-
-template <class Device>
-void EmitterDevices<Device>::refreshDevices() {
-  DeviceRegistry& registry = DeviceRegistry::instance();
-  const uint64_t revision = registry.revision();
-  if (revision == registryRevision) return;
-  registryRevision = revision;
-  for (auto& d : devices) {
-    const auto entry = registry.find(d->identifier);
-    const bool present = entry && entry->device.connected && entry->claimant == this;
-    if (d->present && !present) {
-      dropped(*d);
-      note(Velarion::LogLevel::Warning, "Device " + d->identifier + " was lost by its " + kind.name);
-    }
-    d->present = present;
-  }
-}
-
-template <class Device>
-bool EmitterDevices<Device>::connected() {
-  refreshDevices();
-  if (devices.empty()) return false;
-  for (const auto& d : devices) {
-    if (!d->present) return false;
-  }
-  return true;
-}
-
-template <class Device>
-bool EmitterDevices<Device>::acquire(const std::string& identifier, const Velarion::Transform& transform) {
-  DeviceRegistry& registry = DeviceRegistry::instance();
-  if (identifier.empty() || !registry.claim(identifier, this)) {
-    note(Velarion::LogLevel::Warning, "Device " + (identifier.empty() ? std::string("(none free)") : identifier) +
-                                          " is not available to " + kind.article + " " + kind.name);
-    return false;
-  }
-  const auto entry = registry.find(identifier);
-  if (!entry) {
-    registry.release(identifier, this);
-    return false;
-  }
-  auto device = std::make_unique<Device>();
-  device->identifier = identifier;
-  device->transform = transform;
-  device->arrayWidth = entry->device.arrayWidth;
-  device->arrayDepth = entry->device.arrayDepth;
-  adopted(*device, *entry);
-  devices.push_back(std::move(device));
-  note(Velarion::LogLevel::Info, capitalised(kind.name) + " claimed device " + identifier);
-  return true;
-}
-
-template <class Device>
-void EmitterDevices<Device>::release(Device& device) {
-  dropped(device);
-  DeviceRegistry::instance().release(device.identifier, this);
-}
-
-template <class Device>
-void EmitterDevices<Device>::releaseDevices() {
-  for (auto& d : devices) release(*d);
-  devices.clear();
-}
-
-template <class Device>
-void EmitterDevices<Device>::noteStarted(unsigned int sampleRate, std::size_t controlPoints) {
-  std::string list;
-  for (const auto& d : devices) list += (list.empty() ? "" : ", ") + d->identifier;
-  note(Velarion::LogLevel::Info, capitalised(kind.name) + " started on " + list + " at " + std::to_string(sampleRate) +
-                                     " Hz with " + std::to_string(controlPoints) + " control point" +
-                                     (controlPoints == 1 ? "" : "s"));
-}
-
-template <class Device>
-void EmitterDevices<Device>::claimAtStart(const char* identifier, const Velarion::Transform& transform) {
-  FlushLog flush{this};
-  std::lock_guard<std::mutex> lock(mutex);
-  requested = identifier != nullptr ? identifier : "";
-  requestedTransform = transform;
-  acquire(identifier != nullptr ? identifier : DeviceRegistry::instance().firstAvailable(), transform);
-}
-
-template <class Device>
-void EmitterDevices<Device>::reclaim() {
-  FlushLog flush{this};
-  std::lock_guard<std::mutex> lock(mutex);
-  registryRevision = ~uint64_t(0);
-  refreshDevices();
-  for (auto it = devices.begin(); it != devices.end();) {
-    if (!(*it)->present) {
-      release(**it);
-      it = devices.erase(it);
-    } else {
-      ++it;
-    }
-  }
-  if (mode == Velarion::DeviceSelectionMode::SingleDevice && devices.empty()) {
-    acquire(requested.empty() ? DeviceRegistry::instance().firstAvailable() : requested, requestedTransform);
-  }
-  devicesChanged();
-}
-
-template <class Device>
-bool EmitterDevices<Device>::add(const char* identifier, const Velarion::Transform& transform) {
-  if (identifier == nullptr) return false;
-  FlushLog flush{this};
-  std::lock_guard<std::mutex> lock(mutex);
-  if (find(identifier) != nullptr) return false;
-  if (mode == Velarion::DeviceSelectionMode::SingleDevice && !devices.empty()) return false;
-  if (!acquire(identifier, transform)) return false;
-  devicesChanged();
-  return true;
-}
-
-template <class Device>
-bool EmitterDevices<Device>::remove(const char* identifier) {
-  std::lock_guard<std::mutex> lock(mutex);
-  for (auto it = devices.begin(); it != devices.end(); ++it) {
-    if (identifier != nullptr && (*it)->identifier == identifier) {
-      release(**it);
-      devices.erase(it);
-      return true;
-    }
-  }
-  return false;
-}
-
-template <class Device>
-bool EmitterDevices<Device>::isConnected() {
-  FlushLog flush{this};
-  std::lock_guard<std::mutex> lock(mutex);
-  return connected();
-}
-
-template <class Device>
-Velarion::DeviceSelectionMode EmitterDevices<Device>::selectionMode() const {
-  std::lock_guard<std::mutex> lock(mutex);
-  return mode;
-}
-
-template <class Device>
-bool EmitterDevices<Device>::setSelectionMode(Velarion::DeviceSelectionMode newMode) {
-  using Velarion::DeviceSelectionMode;
-  if (newMode != DeviceSelectionMode::SingleDevice && newMode != DeviceSelectionMode::MultipleDevices) return false;
-  std::lock_guard<std::mutex> lock(mutex);
-  if (newMode == DeviceSelectionMode::SingleDevice && devices.size() > 1) return false;
-  mode = newMode;
-  return true;
-}
-
-template <class Device>
-Velarion::Transform EmitterDevices<Device>::transformOf(const char* identifier) const {
-  std::lock_guard<std::mutex> lock(mutex);
-  const Device* device = find(identifier);
-  return device != nullptr ? device->transform : Velarion::Transform();
-}
-
-template <class Device>
-float EmitterDevices<Device>::arrayWidth() const {
-  std::lock_guard<std::mutex> lock(mutex);
-  return devices.empty() ? 0.0f : devices.front()->arrayWidth;
-}
-
-template <class Device>
-float EmitterDevices<Device>::arrayDepth() const {
-  std::lock_guard<std::mutex> lock(mutex);
-  return devices.empty() ? 0.0f : devices.front()->arrayDepth;
-}
-
-template <class Device>
-Velarion::DeviceInfo EmitterDevices<Device>::deviceInfo() const {
-  std::lock_guard<std::mutex> lock(mutex);
-  return devices.empty() ? Velarion::DeviceInfo() : DeviceRegistry::instance().deviceInfo(devices.front()->identifier);
-}
-
-template <class Device>
-Velarion::DeviceInfo EmitterDevices<Device>::deviceInfo(const std::string& identifier) const {
-  std::lock_guard<std::mutex> lock(mutex);
-  return find(identifier.c_str()) != nullptr ? DeviceRegistry::instance().deviceInfo(identifier)
-                                             : Velarion::DeviceInfo();
-}
-
-template <class Device>
-void* EmitterDevices<Device>::stateEmitter() {
-  std::lock_guard<std::mutex> lock(mutex);
-  return devices.empty() ? nullptr : devices.front().get();
-}
-
-template <class Device>
-void* EmitterDevices<Device>::stateEmitter(const std::string& identifier) {
-  std::lock_guard<std::mutex> lock(mutex);
-  return find(identifier.c_str());
-}
 
 }  // namespace internal
 }  // namespace VelarionEmulator
