@@ -1,6 +1,7 @@
 // What both emulated emitters do alike: hold devices claimed from the
 // registry, notice when one is lost, choose between one and several devices,
-// and note log lines under their lock to write once it is released.
+// note log lines under their lock to write once it is released, and stop
+// their emission thread.
 #pragma once
 
 #include <condition_variable>
@@ -94,7 +95,7 @@ struct FlushLog {
 };
 
 // The devices of an emitter, claimed from the registry with the emitter as
-// owner. Members named "under `mutex`" expect the caller to hold it; the
+// owner. Members marked "under `mutex`" expect the caller to hold it; the
 // others take it themselves.
 template <class Device>
 struct EmitterDevices : EmitterBase {
