@@ -1,4 +1,5 @@
 using System;
+using System.Reflection;
 using System.Runtime.InteropServices;
 
 namespace Velarion
@@ -67,17 +68,39 @@ namespace Velarion
     /// An exception it throws is caught here, never unwinding into native
     /// frames: the interval's answer is dropped (nothing of it is written back)
     /// and the exception is reported through <see cref="EmissionFailed"/> (or
-    /// standard error when nobody listens).
+    /// standard error when nobody listens). The same holds for
+    /// <see cref="OnIsSuspended"/> and <see cref="OnSetSuspended"/> when the
+    /// device library calls them; a failed <see cref="OnIsSuspended"/> counts
+    /// as the native flag's answer.
     /// </remarks>
     public abstract class EmissionCallback : EmissionCallbackWrapper
     {
-        protected EmissionCallback() : base(IntPtr.Zero)
+        // The device library's calls enter through these, and only these.
+        private readonly SwigDelegateEmissionCallbackWrapper_0 setSuspendedEntry;
+        private readonly SwigDelegateEmissionCallbackWrapper_1 isSuspendedEntry;
+        private readonly SwigDelegateEmissionCallbackWrapper_2 callbackEntry;
+
+        protected EmissionCallback() : this(IntPtr.Zero)
         {
         }
 
         protected EmissionCallback(TimePointStreamingEmitter emitter)
-            : base(TimePointStreamingEmitter.getCPtr(emitter).Handle)
+            : this(TimePointStreamingEmitter.getCPtr(emitter).Handle)
         {
+        }
+
+        private EmissionCallback(IntPtr emitter) : base(emitter)
+        {
+            // The base connected every override it found, the sealed ones here
+            // included. Connect again: the suspension methods only when a
+            // subclass overrides them, so that otherwise the flag stays native
+            // and an interval costs no extra managed call, and each one through
+            // a guard that keeps exceptions out of the emission thread.
+            callbackEntry = callback;
+            if (Overrides(nameof(OnSetSuspended), typeof(bool))) setSuspendedEntry = SetSuspendedFromNative;
+            if (Overrides(nameof(OnIsSuspended))) isSuspendedEntry = IsSuspendedFromNative;
+            velarion_timepointstreamingPINVOKE.EmissionCallbackWrapper_director_connect(
+                getCPtr(this), setSuspendedEntry, isSuspendedEntry, callbackEntry);
         }
 
         /// <summary>
@@ -93,6 +116,67 @@ namespace Velarion
         public event Action<Exception> EmissionFailed;
 
         protected abstract void OnEmission(EmissionInterval interval);
+
+        /// <summary>
+        /// Asked by the device library once per interval when overridden; by
+        /// default the native flag that <see cref="OnSetSuspended"/> stores.
+        /// </summary>
+        protected virtual bool OnIsSuspended() =>
+            velarion_timepointstreamingPINVOKE.EmissionCallbackWrapper_isSuspendedSwigExplicitEmissionCallbackWrapper(getCPtr(this));
+
+        /// <summary>By default stores the native flag.</summary>
+        protected virtual void OnSetSuspended(bool suspended) =>
+            velarion_timepointstreamingPINVOKE.EmissionCallbackWrapper_setSuspendedSwigExplicitEmissionCallbackWrapper(getCPtr(this), suspended);
+
+        public sealed override bool isSuspended() => OnIsSuspended();
+
+        public sealed override void setSuspended(bool suspended) => OnSetSuspended(suspended);
+
+        private bool IsSuspendedFromNative()
+        {
+            try
+            {
+                return OnIsSuspended();
+            }
+            catch (Exception e)
+            {
+                Report(e, "suspension query");
+                return velarion_timepointstreamingPINVOKE.EmissionCallbackWrapper_isSuspendedSwigExplicitEmissionCallbackWrapper(getCPtr(this));
+            }
+        }
+
+        private void SetSuspendedFromNative(bool suspended)
+        {
+            try
+            {
+                OnSetSuspended(suspended);
+            }
+            catch (Exception e)
+            {
+                Report(e, "suspension change");
+            }
+        }
+
+        private bool Overrides(string name, params Type[] parameters)
+        {
+            var method = GetType().GetMethod(name, BindingFlags.Instance | BindingFlags.NonPublic, null, parameters, null);
+            return method != null && method.DeclaringType != typeof(EmissionCallback)
+                && method.GetBaseDefinition().DeclaringType == typeof(EmissionCallback);
+        }
+
+        private void Report(Exception e, string what)
+        {
+            var failed = EmissionFailed;
+            try
+            {
+                if (failed != null) failed(e);
+                else Console.Error.WriteLine($"Velarion: emission {what} failed: {e}");
+            }
+            catch (Exception)
+            {
+                // The reporting handler failed as well; there is nobody left to tell.
+            }
+        }
 
         public sealed override unsafe void callback(uint timepointCount, uint controlpointCount, uint controlpointStride,
                                                     IntPtr callbackTime, IntPtr timepoints, IntPtr controlpoints)
@@ -114,16 +198,7 @@ namespace Velarion
                 // A half-made answer is not emitted: the interval stays as the
                 // device library made it.
                 foreach (ref var record in records) record.Modified = false;
-                var failed = EmissionFailed;
-                try
-                {
-                    if (failed != null) failed(e);
-                    else Console.Error.WriteLine($"Velarion: emission callback failed: {e}");
-                }
-                catch (Exception)
-                {
-                    // The reporting handler failed as well; there is nobody left to tell.
-                }
+                Report(e, "callback");
             }
         }
     }

@@ -3,9 +3,9 @@ using System.Runtime.InteropServices;
 
 namespace Velarion
 {
-    // The texts of a log line as they cross to and from the logging director.
-    // They use the string marshaller's own allocator and encoding, so a copy
-    // the string callback made can be released here.
+    // The texts of a log line as they cross from the logging director. They use
+    // the string marshaller's own allocator and encoding, so a copy the string
+    // callback made can be released here.
     internal static class LoggingText
     {
         // A text from the director: read once, then released (null stays null).
@@ -21,9 +21,5 @@ namespace Velarion
                 Marshal.FreeCoTaskMem(text);
             }
         }
-
-        internal static IntPtr Copy(string text) => Marshal.StringToCoTaskMemAnsi(text);
-
-        internal static void Free(IntPtr text) => Marshal.FreeCoTaskMem(text);
     }
 }

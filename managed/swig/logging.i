@@ -7,11 +7,18 @@
 // reads it once and frees it (LoggingText.Take), so a log line leaks nothing.
 %typemap(imtype) const char* LOG_TEXT "global::System.IntPtr"
 %typemap(cstype) const char* LOG_TEXT "string"
-%typemap(csin,
-         pre="    global::System.IntPtr native_$csinput = LoggingText.Copy($csinput);",
-         post="      LoggingText.Free(native_$csinput);") const char* LOG_TEXT "native_$csinput"
+%typemap(csin) const char* LOG_TEXT "$csinput"
 %typemap(csdirectorin) const char* LOG_TEXT "LoggingText.Take($iminput)"
 %apply const char* LOG_TEXT { const char* message, const char* second_text }
+
+// Abstract in C# as natively: without an override of `callback` the first log
+// line would throw a native exception on the device library's logging thread
+// and end the process. Only DelegateLoggingCallback derives from it, which
+// keeps a throwing handler from unwinding into that thread as well.
+%typemap(csclassmodifiers) LoggingCallbackWrapper "public abstract class"
+%csmethodmodifiers LoggingCallbackWrapper::LoggingCallbackWrapper "internal";
+%csmethodmodifiers LoggingCallbackWrapper::callback "public abstract";
+%typemap(csout) void callback ";"
 
 class LoggingCallbackWrapper {
  public:
@@ -21,6 +28,7 @@ class LoggingCallbackWrapper {
 };
 
 %clear const char* message, const char* second_text;
+%clear void callback;
 
 namespace Velarion {
 

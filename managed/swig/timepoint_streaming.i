@@ -12,6 +12,15 @@
   EmissionControlPointRecord* controlpoints
 };
 
+// Abstract in C# as natively: an interval reaching a wrapper without a
+// `callback` override would throw a native exception on the emission thread
+// and end the process. Only EmissionCallback derives from it, which keeps
+// exceptions of the application's overrides out of that thread as well.
+%typemap(csclassmodifiers) EmissionCallbackWrapper "public abstract class"
+%csmethodmodifiers EmissionCallbackWrapper::EmissionCallbackWrapper "internal";
+%csmethodmodifiers EmissionCallbackWrapper::callback "public abstract";
+%typemap(csout) void callback ";"
+
 class EmissionCallbackWrapper {
  public:
   // `emitter` is the emitter the wrapper serves; kept, never used by the bridge.
@@ -24,6 +33,8 @@ class EmissionCallbackWrapper {
                         EmissionControlPointRecord* controlpoints) = 0;
   void* emitter;
 };
+
+%clear void callback;
 
 // --- The emitter ------------------------------------------------------------
 // Opened on a device by identifier and transform; calls the installed
