@@ -38,10 +38,48 @@ enum class DeviceSelectionMode {
   MultipleDevices = 1
 };
 
-// A proxy lent out by a container keeps that container reachable.
+// An element lent out by a container keeps the container reachable, and is
+// refused once the container changed or was disposed: its storage may have
+// moved, and reading or writing through the element would reach freed memory.
 %typemap(cscode) Transducer %{
   internal TransducerContainer container;
+  internal int containerVersion;
+
+  internal void CheckLent() {
+    if (container != null && !container.StillLends(containerVersion))
+      throw new global::System.InvalidOperationException(
+          "the container this element was borrowed from has changed or been disposed since");
+  }
+
+  // The raw forms take one element: a count beyond what was given would be
+  // read past it.
+  internal static Transducer Provided(Transducer array, uint count) {
+    if (count > (array == null ? 0u : 1u))
+      throw new global::System.ArgumentOutOfRangeException("count", count,
+          "more elements than were given; pass an array of Transducer to copy several");
+    array?.CheckLent();
+    return array;
+  }
 %}
+
+%typemap(csvarout, excode=SWIGEXCODE2) float x_position, float y_position, float z_position, float x_upvector,
+    float y_upvector, float z_upvector, float multiplier %{
+    get {
+      CheckLent();
+      float ret = $imcall;$excode
+      return ret;
+    } %}
+%typemap(csvarin, excode=SWIGEXCODE2) float x_position, float y_position, float z_position, float x_upvector,
+    float y_upvector, float z_upvector, float multiplier %{
+    set {
+      CheckLent();
+      $imcall;$excode
+    } %}
+%typemap(csout, excode=SWIGEXCODE) bool isEnabled {
+    CheckLent();
+    bool ret = $imcall;$excode
+    return ret;
+  }
 
 struct Transducer {
   float x_position;
@@ -57,24 +95,105 @@ struct Transducer {
   bool isEnabled() const;
 };
 
+%clear float x_position, float y_position, float z_position, float x_upvector, float y_upvector, float z_upvector,
+    float multiplier;
+%clear bool isEnabled;
+
 // at() of the device library throws past the end, which no managed caller
-// could catch: the proxy checks the index first. Elements are borrowed from
-// the container, so their proxies keep it reachable.
+// could catch: the proxy checks the index first. Elements are lent out.
 %typemap(csin, pre="    if ($csinput >= size()) throw new global::System.ArgumentOutOfRangeException(\"$csinput\");")
     unsigned int TRANSDUCER_INDEX "$csinput"
 %apply unsigned int TRANSDUCER_INDEX { unsigned int index }
 %typemap(csout, excode=SWIGEXCODE) const Transducer& at {
-    Transducer ret = new Transducer($imcall, false);$excode
-    ret.container = this;
-    return ret;
+    global::System.IntPtr cPtr = $imcall;$excode
+    return Lend(cPtr);
   }
 %typemap(csout, excode=SWIGEXCODE) const Transducer* data {
     global::System.IntPtr cPtr = $imcall;$excode
-    if (cPtr == global::System.IntPtr.Zero) return null;
-    Transducer ret = new Transducer(cPtr, false);
-    ret.container = this;
+    return cPtr == global::System.IntPtr.Zero ? null : Lend(cPtr);
+  }
+
+// The raw (count, element) forms read `count` elements from where the one
+// proxy points: they are refused beyond what was given, and insert copies
+// first, since the element may be the container's own. Arrays go through the
+// overloads below, copied into one native block.
+%csattributes TransducerContainer::TransducerContainer(unsigned int, const Transducer*)
+    "[global::System.ComponentModel.EditorBrowsable(global::System.ComponentModel.EditorBrowsableState.Never)]";
+%csattributes TransducerContainer::insert
+    "[global::System.ComponentModel.EditorBrowsable(global::System.ComponentModel.EditorBrowsableState.Never)]";
+%typemap(csin) const Transducer* array "Transducer.getCPtr(Transducer.Provided($csinput, count))"
+%typemap(csout, excode=SWIGEXCODE) bool insert {
+    Transducer element = Transducer.Provided(array, count);
+    return insert(position, count == 0 ? global::System.Array.Empty<Transducer>() : new[] { element });
+  }
+%typemap(csout, excode=SWIGEXCODE) bool erase {
+    bool ret = $imcall;$excode
+    if (ret) ++version;
     return ret;
   }
+
+%typemap(cscode) TransducerContainer %{
+  // Counts the changes that may move elements.
+  private int version;
+
+  internal bool StillLends(int lentVersion) =>
+      lentVersion == version && swigCPtr.Handle != global::System.IntPtr.Zero;
+
+  private Transducer Lend(global::System.IntPtr element) {
+    Transducer lent = new Transducer(element, false);
+    lent.container = this;
+    lent.containerVersion = version;
+    return lent;
+  }
+
+  /// <summary>A container of copies of <paramref name="elements"/>.</summary>
+  public TransducerContainer(Transducer[] elements) : this(Create(Copy(elements)), true) {
+  }
+
+  /// <summary>
+  /// Inserts copies of <paramref name="elements"/> before
+  /// <paramref name="position"/> (size() appends). False, and nothing
+  /// changes, when the position lies past the end.
+  /// </summary>
+  public unsafe bool insert(uint position, Transducer[] elements) {
+    Element[] copies = Copy(elements);
+    bool inserted;
+    fixed (Element* first = copies) {
+      inserted = velarionPINVOKE.TransducerContainer_insert(swigCPtr, position, (uint)copies.Length,
+          new global::System.Runtime.InteropServices.HandleRef(null, (global::System.IntPtr)first));
+    }
+    if (inserted) ++version;
+    return inserted;
+  }
+
+  // The native element: seven packed floats.
+  [global::System.Runtime.InteropServices.StructLayout(global::System.Runtime.InteropServices.LayoutKind.Sequential, Size = 28)]
+  private struct Element {
+    public float xPosition, yPosition, zPosition, xUp, yUp, zUp, multiplier;
+  }
+
+  private static unsafe global::System.IntPtr Create(Element[] copies) {
+    fixed (Element* first = copies) {
+      return velarionPINVOKE.new_TransducerContainer__SWIG_1((uint)copies.Length,
+          new global::System.Runtime.InteropServices.HandleRef(null, (global::System.IntPtr)first));
+    }
+  }
+
+  private static unsafe Element[] Copy(Transducer[] elements) {
+    if (elements == null) throw new global::System.ArgumentNullException(nameof(elements));
+    var copies = new Element[elements.Length];
+    for (int i = 0; i < elements.Length; ++i) {
+      Transducer element = elements[i];
+      if (element == null) throw new global::System.ArgumentException($"element {i} is null", nameof(elements));
+      element.CheckLent();
+      global::System.IntPtr native = Transducer.getCPtr(element).Handle;
+      if (native == global::System.IntPtr.Zero) throw new global::System.ObjectDisposedException(nameof(Transducer));
+      copies[i] = *(Element*)native;
+      global::System.GC.KeepAlive(element);
+    }
+    return copies;
+  }
+%}
 
 // Counts and indices cross as 32-bit values; size() as 64-bit.
 class TransducerContainer {
@@ -91,6 +210,9 @@ class TransducerContainer {
 };
 
 %clear unsigned int index;
+%clear const Transducer* array;
+%clear bool insert;
+%clear bool erase;
 
 // The 4 x 4 exports fill a caller-provided array of sixteen values. The
 // native side writes all sixteen unchecked, so a short array is refused here
