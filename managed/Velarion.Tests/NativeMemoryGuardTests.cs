@@ -1,5 +1,6 @@
 using System;
 using System.Linq;
+using System.Runtime.CompilerServices;
 using Xunit;
 
 namespace Velarion.Tests
@@ -7,6 +8,7 @@ namespace Velarion.Tests
     // Mistakes in C# that would read or write native memory that is not there:
     // counts beyond the elements given, handles into storage that moved or was
     // freed, owners collected while something still points into them.
+    [Collection("Emulated devices")]
     public class NativeMemoryGuardTests
     {
         private static Transducer Element(float x) => new Transducer(x, 0, 0, 0, 0, 1, 1);
@@ -82,6 +84,100 @@ namespace Velarion.Tests
             var own = Element(3);
             own.x_position = 4;
             Assert.Equal(4f, own.x_position);
+        }
+
+        // Makes an owner, borrows from it and lets go of it.
+        [MethodImpl(MethodImplOptions.NoInlining)]
+        private static (object Borrowed, WeakReference Owner) BorrowFromADroppedOwner<T>(Func<T> make, Func<T, object> borrow)
+        {
+            T owner = make();
+            return (borrow(owner), new WeakReference(owner));
+        }
+
+        [Fact]
+        public void BorrowedHandlesKeepTheirOwnersReachable()
+        {
+            // Collected, each owner would free the memory the borrowed handle points into.
+            var cases = new[]
+            {
+                BorrowFromADroppedOwner(() => new ControlPointBase(1, 2, 3, 0.5f), r => r.position),
+                BorrowFromADroppedOwner(() => new ControlPointBase(1, 2, 3, 0.5f), r => r.direction),
+                BorrowFromADroppedOwner(() => Transform.translation(1, 2, 3), t => t.basis()),
+                BorrowFromADroppedOwner(() => Transform.translation(1, 2, 3), t => t.origin_internal()),
+                BorrowFromADroppedOwner(() => new TimePointStreamingEmitter(), e => e.SamplingInterval),
+                BorrowFromADroppedOwner(() => new TimePointStreamingEmitter(), e => e.LastSampleTime),
+                BorrowFromADroppedOwner(() => new TransducerContainer(new[] { Element(1) }), c => c.at(0)),
+                BorrowFromADroppedOwner(() =>
+                {
+                    var points = new ControlPointCollection();
+                    using var point = new AmplitudeModulationControlPoint(0, 0, 0.2f, 0.7f);
+                    points.add(point);
+                    return points;
+                }, c => c.data()),
+            };
+            GC.Collect();
+            GC.WaitForPendingFinalizers();
+            GC.Collect();
+
+            Assert.All(cases, c => Assert.True(c.Owner.IsAlive, c.Borrowed.GetType().Name));
+            var origin = (NVector3)cases[3].Borrowed;
+            Assert.Equal((1f, 2f, 3f), (origin.x, origin.y, origin.z));
+            Assert.Equal(1.0, ((Matrix3x3)cases[2].Borrowed).at(2, 2));
+            Assert.Equal(0.7f, ((AmplitudeModulationControlPoint)cases[7].Borrowed).getIntensity());
+            // The emitters release their device now, not whenever they are collected.
+            foreach (var c in cases) ((IDisposable)c.Owner.Target).Dispose();
+        }
+
+        [Fact]
+        public void MatrixElementsCrossAsCopiesOfTheirExactSize()
+        {
+            using var rotation = Matrix3x3.rotate(new NVector3(0, 0, 1), Math.PI / 2);
+            using var scale = Matrix4x4.scale(2, 3, 4);
+            double[] nine = rotation.element;
+            double[] sixteen = scale.element;
+            Assert.Equal((9, 16), (nine.Length, sixteen.Length));
+            Assert.Equal(3.0, sixteen[5]);
+
+            // The native setter reads a whole matrix from what it is given.
+            Assert.Throws<ArgumentException>(() => scale.element = nine);
+            Assert.Throws<ArgumentException>(() => rotation.element = sixteen);
+            Assert.Throws<ArgumentNullException>(() => rotation.element = null);
+            Assert.Equal(3.0, scale.element[5]);
+
+            sixteen[0] = 5;
+            Assert.Equal(2.0, scale.element[0]);  // a copy: the matrix changes only when assigned
+            scale.element = sixteen;
+            Assert.Equal(5.0, scale.element[0]);
+        }
+
+        [Fact]
+        public void ListElementsAndLentPointsOutliveChangesSafely()
+        {
+            using var library = new VelarionLibrary();
+            using var infos = library.getManagedDeviceInfos();
+            var first = infos[0];
+            var listed = infos.ToList();
+            infos.Clear();  // frees the stored descriptions
+            Assert.Equal("VLA16-2A1F0031", first.getDeviceIdentifier());
+            Assert.Equal("VLC10-5B330107", listed[1].getDeviceIdentifier());
+
+            using var points = new ControlPointCollection();
+            Assert.Null(points.data());
+            using var point = new AmplitudeModulationControlPoint(0, 0, 0.2f, 0.7f);
+            points.add(point);
+            var lent = points.data();
+            lent.setIntensity(0.3f);  // writes into the collection
+            using (var stored = points.get(0)) Assert.Equal(0.3f, stored.getIntensity());
+
+            points.add(point);  // may move the storage
+            Assert.Throws<InvalidOperationException>(() => lent.getIntensity());
+            Assert.Throws<InvalidOperationException>(() => points.add(lent));
+            Assert.Throws<InvalidOperationException>(() => new AmplitudeModulationControlPoint(lent));
+            Assert.Equal(2u, points.length());
+
+            // A cleared collection still has storage natively, but no point to lend.
+            points.clear();
+            Assert.Null(points.data());
         }
     }
 }

@@ -2,6 +2,12 @@
 namespace Velarion {
 
 %rename(NVector3) Vector3;
+
+// Set on a vector or matrix that points into another object (a record's
+// field, a transform's origin or basis): the owner stays reachable while it is.
+%typemap(cscode) Vector3, Matrix3x3 %{
+  internal object owner;
+%}
 %rename(operator_plus) Vector3::operator+;
 %rename(operator_minus) Vector3::operator-;
 %rename(operator_multiply) Vector3::operator*;
@@ -65,6 +71,27 @@ struct Quaternion {
 %rename(operator_multiply) Matrix3x3::operator*;
 %rename(operator_divide) Matrix3x3::operator/;
 
+// The element arrays cross as copies: a pointer into the matrix would outlive
+// it, and the native setter reads a whole matrix from whatever it is given.
+%typemap(cstype) double element[ANY] "double[]"
+%typemap(imtype, out="global::System.IntPtr") double element[ANY] "double[]"
+%typemap(csin) double element[ANY] "$csinput"
+%typemap(csvarin, excode=SWIGEXCODE2) double element[ANY] %{
+    set {
+      if (value == null) throw new global::System.ArgumentNullException("value");
+      if (value.Length != $1_dim0)
+        throw new global::System.ArgumentException("the array must hold $1_dim0 elements", "value");
+      $imcall;$excode
+    } %}
+%typemap(csvarout, excode=SWIGEXCODE2) double element[ANY] %{
+    get {
+      global::System.IntPtr cPtr = $imcall;$excode
+      double[] values = new double[$1_dim0];
+      global::System.Runtime.InteropServices.Marshal.Copy(cPtr, values, 0, $1_dim0);
+      global::System.GC.KeepAlive(this);
+      return values;
+    } %}
+
 struct Matrix3x3 {
   double element[9];
   Matrix3x3();
@@ -124,6 +151,13 @@ struct Matrix4x4 {
 // The origin reference is internal; the managed side wraps it.
 %rename(origin_internal) Transform::origin;
 
+// References into the transform keep it reachable.
+%typemap(csout, excode=SWIGEXCODE) const Matrix3x3& basis, const Vector3& origin {
+    $csclassname ret = new $csclassname($imcall, false);$excode
+    ret.owner = this;
+    return ret;
+  }
+
 struct Transform {
   Transform(Matrix3x3 basis, Vector3 origin);
   Transform(Matrix3x3 basis);
@@ -143,6 +177,9 @@ struct Transform {
   Vector3 transformDirection(const Vector3& direction) const;
   std::string toString() const;
 };
+
+%clear double element[ANY];
+%clear const Matrix3x3& basis, const Vector3& origin;
 
 // Free operators: overloads are numbered across the whole module in the order
 // they are declared here (operator_multiply__SWIG_0 ... __SWIG_8).

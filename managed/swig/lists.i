@@ -10,4 +10,14 @@ class DeviceInfo;
 }
 
 %template(StringList) std::vector<std::string>;
+
+// The indexer and the enumerator hand out copies: a borrowed element would
+// point into the list's storage, which the next Add, Insert, Remove or Clear
+// may move or free, and would not keep the list reachable.
+// (getitemcopy raises the index failure itself.)
+%warnfilter(SWIGWARN_CSHARP_EXCODE) std::vector<Velarion::DeviceInfo>::getitem;
+%typemap(csout) const Velarion::DeviceInfo& getitem {
+    return getitemcopy(index);
+  }
 %template(DeviceInfoList) std::vector<Velarion::DeviceInfo>;
+%clear const Velarion::DeviceInfo& getitem;

@@ -61,6 +61,14 @@ namespace TimePointStreaming {
 %typemap(csin, pre="    installedEmissionCallback = $csinput;") EmissionCallbackWrapper* wrapper
   "EmissionCallbackWrapper.getCPtr($csinput)"
 
+// Host times borrowed from the emitter keep it reachable.
+%typemap(csout, excode=SWIGEXCODE) const HostDuration& getManagedSamplingInterval,
+    const HostTimePoint& getManagedLastSampleTime {
+    $csclassname ret = new $csclassname($imcall, false);$excode
+    ret.owner = this;
+    return ret;
+  }
+
 %typemap(cscode) Emitter %{
   private EmissionCallbackWrapper installedEmissionCallback;
 
@@ -123,6 +131,7 @@ class Emitter {
 };
 
 %clear char* buffer;
+%clear const HostDuration& getManagedSamplingInterval, const HostTimePoint& getManagedLastSampleTime;
 
 }  // namespace TimePointStreaming
 }  // namespace Velarion
