@@ -1,6 +1,9 @@
 using System;
+using System.Collections.Concurrent;
 using System.Collections.Generic;
+using System.IO;
 using System.Reflection;
+using System.Runtime.CompilerServices;
 using Velarion.Emulation;
 using Xunit;
 
@@ -8,7 +11,8 @@ namespace Velarion.Tests
 {
     // The device library calls managed code from its own threads, where an
     // exception unwinding into native frames ends the process: every way in
-    // goes through a class that catches.
+    // goes through a class that catches, and stays reachable while installed.
+    [Collection("Emulated devices")]
     public class CallbackGuardTests
     {
         private const long First = 5_000_000_000;
@@ -74,6 +78,82 @@ namespace Velarion.Tests
             // Called from managed code, the override's exception reaches the caller.
             Assert.Throws<InvalidOperationException>(() => callback.Suspended);
             stepped.Emitter.setManagedEmissionCallback(null);
+        }
+
+        private static void Collect()
+        {
+            GC.Collect();
+            GC.WaitForPendingFinalizers();
+            GC.Collect();
+        }
+
+        [MethodImpl(MethodImplOptions.NoInlining)]
+        private static WeakReference InstallLogWithoutKeepingIt(LoggingExternalInterface logging, ConcurrentQueue<string> lines)
+        {
+            var log = new DelegateLoggingCallback((message, _, _, area) =>
+            {
+                if (area == "Alignment") lines.Enqueue(message);
+            });
+            Assert.True(logging.setManagedLoggingCallback(2, log));
+            return new WeakReference(log);
+        }
+
+        private static void LogAnAlignmentFailure(string marker)
+        {
+            using var alignment = new Alignment();
+            Assert.False(alignment.loadAlignment(Path.Combine(Path.GetTempPath(), $"no-such-folder-{marker}", "a")));
+        }
+
+        [Fact]
+        public void AnInstalledLogCallbackStaysReachableWithItsLibraryUntilReplaced()
+        {
+            // Collected, the wrapper would delete the native object the next log line is delivered to.
+            var lines = new ConcurrentQueue<string>();
+            var moved = InstallThenMoveTheLibrary(lines, out var installed);
+            Collect();
+            Assert.True(installed.IsAlive);
+            string marker = Guid.NewGuid().ToString("N");
+            LogAnAlignmentFailure(marker);
+            Assert.Contains(lines, line => line.Contains(marker));
+
+            Assert.True(moved.getLoggingInterface().setManagedLoggingCallback(2, null));
+            Collect();
+            Assert.False(installed.IsAlive);  // released once replaced
+            moved.Dispose();
+        }
+
+        // Installs through one library, moves it into another and drops the first.
+        [MethodImpl(MethodImplOptions.NoInlining)]
+        private static VelarionLibrary InstallThenMoveTheLibrary(ConcurrentQueue<string> lines, out WeakReference installed)
+        {
+            var library = new VelarionLibrary();
+            installed = InstallLogWithoutKeepingIt(library.getLoggingInterface(), lines);
+            var moved = new VelarionLibrary(library);
+            library.Dispose();
+            return moved;
+        }
+
+        [MethodImpl(MethodImplOptions.NoInlining)]
+        private static TimePointStreamingEmitter InstallThenMoveTheEmitter(out WeakReference installed)
+        {
+            var emitter = new TimePointStreamingEmitter();
+            var callback = new DelegateEmissionCallback(interval => { });
+            Assert.True(emitter.setManagedEmissionCallback(callback));
+            installed = new WeakReference(callback);
+            var moved = new TimePointStreamingEmitter(emitter);
+            emitter.Dispose();
+            return moved;
+        }
+
+        [Fact]
+        public void AMovedEmitterKeepsTheCallbackInstalledBeforeTheMove()
+        {
+            using var moved = InstallThenMoveTheEmitter(out var installed);
+            Collect();
+            Assert.True(installed.IsAlive);
+            Assert.True(moved.setManagedEmissionCallback(null));
+            Collect();
+            Assert.False(installed.IsAlive);
         }
     }
 }

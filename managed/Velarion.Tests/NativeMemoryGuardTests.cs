@@ -179,5 +179,24 @@ namespace Velarion.Tests
             points.clear();
             Assert.Null(points.data());
         }
+
+        [Fact]
+        public void ExtendedOptionBuffersAreNotOverrun()
+        {
+            // The device library writes up to `size` bytes, trusting the caller.
+            var small = new byte[2];
+            using (var emitter = new AmplitudeModulationEmitter())
+            {
+                Assert.Throws<ArgumentOutOfRangeException>(() => emitter.getExtendedOption_internal("speedOfSound", small, 8));
+                Assert.Throws<ArgumentOutOfRangeException>(() => emitter.getExtendedOption_internal("speedOfSound", null, 1));
+            }
+            using (var emitter = new TimePointStreamingEmitter())
+            {
+                Assert.Throws<ArgumentOutOfRangeException>(() => emitter.getExtendedOption_internal("speedOfSound", small, 3));
+                Assert.Equal(emitter.getExtendedOption_internal("speedOfSound", null, 0),
+                             emitter.getExtendedOption_internal("speedOfSound", new byte[16], 16));
+            }
+            Assert.All(small, b => Assert.Equal(0, b));
+        }
     }
 }

@@ -97,7 +97,7 @@ namespace Velarion.Tests
             });
             using var callback = new CircleCallback();
             using var library = new VelarionLibrary();
-            var logging = library.getLoggingInterface_internal();
+            var logging = library.getLoggingInterface();
             for (uint level = 1; level <= 3; ++level) Assert.True(logging.setManagedLoggingCallback(level, log));
 
             using (var placement = new Transform())

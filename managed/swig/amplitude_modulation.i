@@ -129,7 +129,10 @@ class ControlPointCollection {
 %rename(update_internal) Emitter::update;
 
 // The caller's byte buffer is filled in place; null asks for the size.
+// The device library trusts `size`, so it may not exceed the buffer.
 %apply unsigned char OUTPUT[] { char* buffer }
+%typemap(csin, pre="    if (size > ($csinput?.Length ?? 0)) throw new global::System.ArgumentOutOfRangeException(\"size\", \"size exceeds the buffer's length\");")
+    char* buffer "$csinput"
 
 %typemap(cscode) Emitter %{
   // Emits the collection's points until the next update.

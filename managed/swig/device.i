@@ -302,11 +302,20 @@ namespace Velarion {
 class LoggingExternalInterface;
 
 // A moved-from library stays with its managed owner, which still disposes it.
-%typemap(csin) VelarionLibrary&& "$csclassname.getCPtr($csinput)"
+// Its installed log callbacks move with the native registrations: the new
+// proxy takes them over as it is constructed, on the same thread.
+%typemap(csin) VelarionLibrary&& "$csclassname.getCPtr($csclassname.MovingFrom($csinput))"
+%typemap(csconstruct, excode=SWIGEXCODE) VelarionLibrary %{: this($imcall, true) {
+    AdoptMovedLoggingCallbacks();$excode
+  }
+%}
 
 // The _internal members are wrapped by friendlier C# in managed/Velarion.
+// The raw logging interface is not handed out: it would not keep the library
+// (nor the callbacks installed through it) reachable.
 %rename(getDeviceInfoByIdentifier_internal) VelarionLibrary::getDeviceInfoByIdentifier;
 %rename(getLoggingInterface_internal) VelarionLibrary::getLoggingInterface;
+%csmethodmodifiers VelarionLibrary::getLoggingInterface "internal";
 
 // The caller's byte buffer is filled in place; (null, 0) asks for the size.
 // The device library trusts `size`, so it may not exceed the buffer.
@@ -325,6 +334,38 @@ class LoggingExternalInterface;
     LoggingExternalInterface logging = getLoggingInterface_internal();
     logging.library = this;
     return logging;
+  }
+
+  // The device library keeps only the native pointer of each installed log
+  // callback: the managed wrapper is held here, per level, until replaced.
+  private global::System.Collections.Generic.Dictionary<uint, LoggingCallbackWrapper> loggingCallbacks =
+      new global::System.Collections.Generic.Dictionary<uint, LoggingCallbackWrapper>();
+
+  internal void KeepLoggingCallback(uint level, LoggingCallbackWrapper wrapper) {
+    lock (loggingCallbacks) {
+      if (wrapper == null) loggingCallbacks.Remove(level);
+      else loggingCallbacks[level] = wrapper;
+    }
+  }
+
+  [global::System.ThreadStatic]
+  private static global::System.Collections.Generic.Dictionary<uint, LoggingCallbackWrapper> movingCallbacks;
+
+  private static VelarionLibrary MovingFrom(VelarionLibrary other) {
+    if (other != null) {
+      lock (other.loggingCallbacks) {
+        movingCallbacks = other.loggingCallbacks;
+        other.loggingCallbacks = new global::System.Collections.Generic.Dictionary<uint, LoggingCallbackWrapper>();
+      }
+    }
+    return other;
+  }
+
+  private void AdoptMovedLoggingCallbacks() {
+    if (movingCallbacks != null) {
+      loggingCallbacks = movingCallbacks;
+      movingCallbacks = null;
+    }
   }
 %}
 

@@ -40,6 +40,15 @@ namespace Velarion {
   internal VelarionLibrary library;
 %}
 
+// The device library keeps only the wrapper's native pointer: once installed,
+// the library proxy holds the wrapper, so dropping it cannot free the native
+// object the next log line is delivered to.
+%typemap(csout, excode=SWIGEXCODE) bool setManagedLoggingCallback {
+    bool ret = $imcall;$excode
+    if (ret) library?.KeepLoggingCallback(level, wrapper);
+    return ret;
+  }
+
 class LoggingExternalInterface {
  public:
   ~LoggingExternalInterface();

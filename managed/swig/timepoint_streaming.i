@@ -48,18 +48,30 @@ namespace TimePointStreaming {
 %rename(TimePointStreamingEmitter) Emitter;
 
 // A moved-from emitter stays with its managed owner, which still disposes it.
-%typemap(csin) Emitter&& "$csclassname.getCPtr($csinput)"
+// Its installed emission callback moves with the native registration: the new
+// proxy takes it over as it is constructed, on the same thread.
+%typemap(csin) Emitter&& "$csclassname.getCPtr($csclassname.MovingFrom($csinput))"
+%typemap(csconstruct, excode=SWIGEXCODE) Emitter %{: this($imcall, true) {
+    AdoptMovedEmissionCallback();$excode
+  }
+%}
 
 %rename(getExtendedOption_internal) Emitter::getExtendedOption;
 
 // The caller's byte buffer is filled in place; null asks for the size.
+// The device library trusts `size`, so it may not exceed the buffer.
 %apply unsigned char OUTPUT[] { char* buffer }
+%typemap(csin, pre="    if (size > ($csinput?.Length ?? 0)) throw new global::System.ArgumentOutOfRangeException(\"size\", \"size exceeds the buffer's length\");")
+    char* buffer "$csinput"
 
 // The device library keeps only the native pointer of the installed wrapper:
 // the proxy holds the managed object too, so neither it nor its director
 // delegates are collected while the emitter may call back.
-%typemap(csin, pre="    installedEmissionCallback = $csinput;") EmissionCallbackWrapper* wrapper
-  "EmissionCallbackWrapper.getCPtr($csinput)"
+%typemap(csout, excode=SWIGEXCODE) bool setManagedEmissionCallback {
+    bool ret = $imcall;$excode
+    if (ret) installedEmissionCallback = wrapper;
+    return ret;
+  }
 
 // Host times borrowed from the emitter keep it reachable.
 %typemap(csout, excode=SWIGEXCODE) const HostDuration& getManagedSamplingInterval,
@@ -71,6 +83,22 @@ namespace TimePointStreaming {
 
 %typemap(cscode) Emitter %{
   private EmissionCallbackWrapper installedEmissionCallback;
+
+  [global::System.ThreadStatic]
+  private static EmissionCallbackWrapper movingEmissionCallback;
+
+  private static TimePointStreamingEmitter MovingFrom(TimePointStreamingEmitter other) {
+    if (other != null) {
+      movingEmissionCallback = other.installedEmissionCallback;
+      other.installedEmissionCallback = null;
+    }
+    return other;
+  }
+
+  private void AdoptMovedEmissionCallback() {
+    installedEmissionCallback = movingEmissionCallback;
+    movingEmissionCallback = null;
+  }
 
   public string getExtendedOption(string name) {
     return getManagedExtendedOption(name);
@@ -132,6 +160,7 @@ class Emitter {
 
 %clear char* buffer;
 %clear const HostDuration& getManagedSamplingInterval, const HostTimePoint& getManagedLastSampleTime;
+%clear bool setManagedEmissionCallback;
 
 }  // namespace TimePointStreaming
 }  // namespace Velarion
