@@ -129,10 +129,18 @@ namespace Velarion.Tests
         }
 
         [Fact]
-        public void MatrixElementsCrossAsCopiesOfTheirExactSize()
+        public void MatrixIndicesAndElementArraysStayInsideTheMatrix()
         {
             using var rotation = Matrix3x3.rotate(new NVector3(0, 0, 1), Math.PI / 2);
             using var scale = Matrix4x4.scale(2, 3, 4);
+
+            // Natively unchecked: far indices read far outside the matrix.
+            Assert.Throws<ArgumentOutOfRangeException>(() => rotation.at(3, 0));
+            Assert.Throws<ArgumentOutOfRangeException>(() => rotation.at(0, uint.MaxValue));
+            Assert.Throws<ArgumentOutOfRangeException>(() => rotation.getRow(-1));
+            Assert.Throws<ArgumentOutOfRangeException>(() => rotation.getCol(100_000_000));
+            using (var row = rotation.getRow(2)) Assert.Equal(1f, row.z);
+
             double[] nine = rotation.element;
             double[] sixteen = scale.element;
             Assert.Equal((9, 16), (nine.Length, sixteen.Length));

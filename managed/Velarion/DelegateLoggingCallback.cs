@@ -4,9 +4,10 @@ namespace Velarion
 {
     /// <summary>
     /// Delivers the device library's log lines into a .NET delegate. Install it
-    /// per level with <c>LoggingExternalInterface.setManagedLoggingCallback</c>
-    /// and keep it alive (and undisposed) for as long as it is installed: the
-    /// device library holds only the native pointer.
+    /// per level with <c>LoggingExternalInterface.setManagedLoggingCallback</c>;
+    /// the library object keeps it reachable until another callback (or null)
+    /// is installed for that level. Do not dispose it while it is installed:
+    /// the device library holds only the native pointer.
     /// </summary>
     /// <remarks>
     /// The delegate runs on whatever thread the device library logs from. An

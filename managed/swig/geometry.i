@@ -92,6 +92,12 @@ struct Quaternion {
       return values;
     } %}
 
+// Natively unchecked: an index past the matrix reads outside it.
+%typemap(csin, pre="    if ($csinput >= 3) throw new global::System.ArgumentOutOfRangeException(\"$csinput\");")
+    unsigned int row, unsigned int col "$csinput"
+%typemap(csin, pre="    if ((uint)$csinput >= 3) throw new global::System.ArgumentOutOfRangeException(\"$csinput\");")
+    int i, int j "$csinput"
+
 struct Matrix3x3 {
   double element[9];
   Matrix3x3();
@@ -117,6 +123,8 @@ struct Matrix3x3 {
   Matrix3x3 operator*(double s) const;
   Matrix3x3 operator/(double s) const;
 };
+
+%clear unsigned int row, unsigned int col, int i, int j;
 
 %rename(operator_plus) Matrix4x4::operator+;
 %rename(operator_minus) Matrix4x4::operator-;
