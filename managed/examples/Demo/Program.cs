@@ -42,15 +42,11 @@ namespace Velarion.Demo
 
         // The emulator's view of the field, from its control interface.
         [System.Runtime.InteropServices.DllImport("Velarion")]
-        private static extern void VelarionEmulator_AmplitudeModulation_setManualStepping(int manual);
-        [System.Runtime.InteropServices.DllImport("Velarion")]
         private static extern float VelarionEmulator_AmplitudeModulation_pressureAmplitudeAt(float x, float y, float z);
 
         private static void AmplitudeModulation()
         {
             Console.WriteLine("== Amplitude modulation ==");
-            // Hold the envelopes at their peak so the printed field is repeatable.
-            VelarionEmulator_AmplitudeModulation_setManualStepping(1);
             using var library = new VelarionLibrary();
             using var identifiers = library.getManagedDeviceIdentifiers();
             Console.WriteLine($"devices: {string.Join(", ", identifiers)}");
@@ -66,10 +62,18 @@ namespace Velarion.Demo
                 points.add(point);
             }
             Console.WriteLine($"update with {points.length()} point at (0, 0, 0.2) m, 200 Hz: {emitter.update(points)}");
-            Console.WriteLine($"pressure at the point: {VelarionEmulator_AmplitudeModulation_pressureAmplitudeAt(0f, 0f, 0.2f):0} Pa, " +
-                              $"2 cm beside it: {VelarionEmulator_AmplitudeModulation_pressureAmplitudeAt(0.02f, 0f, 0.2f):0} Pa");
+            // The emulator renders the point in real time; watch the field it
+            // makes for one second (the 200 Hz envelope swings it up and down).
+            float focusPeak = 0f, besidePeak = 0f;
+            var watch = System.Diagnostics.Stopwatch.StartNew();
+            while (watch.Elapsed < TimeSpan.FromSeconds(1))
+            {
+                focusPeak = Math.Max(focusPeak, VelarionEmulator_AmplitudeModulation_pressureAmplitudeAt(0f, 0f, 0.2f));
+                besidePeak = Math.Max(besidePeak, VelarionEmulator_AmplitudeModulation_pressureAmplitudeAt(0.02f, 0f, 0.2f));
+                System.Threading.Thread.Sleep(3);
+            }
+            Console.WriteLine($"rendered for 1 s; peak pressure at the point: {focusPeak:0} Pa, 2 cm beside it: {besidePeak:0} Pa");
             Console.WriteLine($"stop: {emitter.stop()}");
-            VelarionEmulator_AmplitudeModulation_setManualStepping(0);
             Console.WriteLine();
         }
 
