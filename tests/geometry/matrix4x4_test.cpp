@@ -112,32 +112,20 @@ TEST_F(Matrix4x4Exports, TextUsesDefaultStreamFormatting) {
             "-0 0.333333 -2.5e-300 123456\n1e+21 0.000123457 100 -1\n0 0 0 0\n0 0 0 0");
 }
 
-TEST_F(Matrix4x4Exports, ElementWiseOperatorsAndProductOrder) {
+TEST_F(Matrix4x4Exports, ProductOrderAndDivisionThroughTheReciprocal) {
   const Mat4 a{{0.1, 1e8, -3.3, 0.25, 2.0, 0.7, 1e-5, -9.5, -4.5, 3.0, 0.25, 1e-9, 7, 1e-3, 5e5, 2}};
   const Mat4 b{{7.7, 1e-3, 2.9, -1, -0.3, 5e7, 1.1, 0.5, 0.6, -2.0, 1e-8, 3, 1e4, 0.2, -0.7, 1}};
   void* ha = mat4(a);
-  void* hb = mat4(b);
-  Mat4 product = result(call<Binary>("CSharp_Velarion_Matrix4x4_operator_multiply__SWIG_0", ha, hb));
-  Mat4 sum = result(call<Binary>("CSharp_Velarion_Matrix4x4_operator_plus__SWIG_1", ha, hb));
-  Mat4 difference = result(call<Binary>("CSharp_Velarion_Matrix4x4_operator_minus__SWIG_1", ha, hb));
-  Mat4 scaled = result(call<void*(void*, double)>("CSharp_Velarion_Matrix4x4_operator_multiply__SWIG_1", ha, 3.0));
+  Mat4 product = result(call<Binary>("CSharp_Velarion_Matrix4x4_operator_multiply__SWIG_0", ha, mat4(b)));
   Mat4 divided = result(call<void*(void*, double)>("CSharp_Velarion_Matrix4x4_operator_divide", ha, 3.0));
-  Mat4 negated = result(call<Unary>("CSharp_Velarion_Matrix4x4_operator_minus__SWIG_0", ha));
-  Mat4 copy = result(call<Unary>("CSharp_Velarion_Matrix4x4_operator_plus__SWIG_0", ha));
   const double third = 1.0 / 3.0;
   for (int i = 0; i < 16; ++i) {
     const int r = i / 4, c = i % 4;
     const double p01 = a.m[4 * r] * b.m[c] + a.m[4 * r + 1] * b.m[4 + c];
     const double p012 = p01 + a.m[4 * r + 2] * b.m[8 + c];
     EXPECT_TRUE(geometry_test::sameBits(product.m[i], p012 + a.m[4 * r + 3] * b.m[12 + c])) << i;
-    EXPECT_TRUE(geometry_test::sameBits(sum.m[i], a.m[i] + b.m[i]));
-    EXPECT_TRUE(geometry_test::sameBits(difference.m[i], a.m[i] - b.m[i]));
-    EXPECT_TRUE(geometry_test::sameBits(scaled.m[i], a.m[i] * 3.0));
     EXPECT_TRUE(geometry_test::sameBits(divided.m[i], a.m[i] * third));
-    EXPECT_TRUE(geometry_test::sameBits(negated.m[i], -a.m[i]));
   }
-  EXPECT_TRUE(sameBits(copy, a));
-  EXPECT_TRUE(sameBits(view<Mat4>(make<void*()>("Matrix4x4", "CSharp_Velarion_new_Matrix4x4__SWIG_0")), Mat4{}));
 
   double* storage = static_cast<double*>(call<Unary>("CSharp_Velarion_Matrix4x4_element_get", ha));
   storage[15] = -1;
@@ -148,15 +136,13 @@ TEST_F(Matrix4x4Exports, NullOperandsReportTheirOwnKind) {
   void* m = make<void*()>("Matrix4x4", "CSharp_Velarion_Matrix4x4_identity");
   for (const char* name : {"CSharp_Velarion_Matrix4x4_operator_plus__SWIG_1", "CSharp_Velarion_Matrix4x4_operator_minus__SWIG_1",
                            "CSharp_Velarion_Matrix4x4_operator_multiply__SWIG_0"}) {
-    EXPECT_EQ(call<Binary>(name, m, nullptr), nullptr) << name;
-    expectNull("Velarion::Matrix4x4 const & type is null");
+    expectRefused<Binary>("Velarion::Matrix4x4 const & type is null", name, m, nullptr);
   }
   for (const char* name : {"CSharp_Velarion_Matrix4x4_transformPosition", "CSharp_Velarion_Matrix4x4_transformDirection"}) {
-    EXPECT_EQ(call<Binary>(name, m, nullptr), nullptr) << name;
-    expectNull("Velarion::Vector3 const & type is null");
+    expectRefused<Binary>("Velarion::Vector3 const & type is null", name, m, nullptr);
   }
-  EXPECT_EQ(call<void*(void*, double)>("CSharp_Velarion_Matrix4x4_rotate", nullptr, 1.0), nullptr);
-  expectNull("Attempt to dereference null Velarion::Vector3");
-  EXPECT_EQ(call<Binary>("CSharp_Velarion_Matrix4x4_rotateOntoVector", nullptr, vec(1, 0, 0)), nullptr);
-  expectNull("Attempt to dereference null Velarion::Vector3");
+  expectRefused<void*(void*, double)>("Attempt to dereference null Velarion::Vector3", "CSharp_Velarion_Matrix4x4_rotate",
+                                      nullptr, 1.0);
+  expectRefused<Binary>("Attempt to dereference null Velarion::Vector3", "CSharp_Velarion_Matrix4x4_rotateOntoVector",
+                        nullptr, vec(1, 0, 0));
 }

@@ -148,41 +148,27 @@ TEST_F(TransformExports, ReferencesAliasTheTransformAndSettersCopy) {
 TEST_F(TransformExports, NullOperandsReportTheirOwnKind) {
   const char* transformByValue = "Attempt to dereference null Velarion::Transform";
   const char* transformRef = "Velarion::Transform const & type is null";
+  const char* matrixByValue = "Attempt to dereference null Velarion::Matrix3x3";
+  const char* vectorByValue = "Attempt to dereference null Velarion::Vector3";
+  const char* vectorRef = "Velarion::Vector3 const & type is null";
+  const char* quaternionRef = "Velarion::Quaternion const & type is null";
   void* t = make<void*()>("Transform", "CSharp_Velarion_new_Transform__SWIG_2");
-  void* m = mat3(kSkewed);
-  void* q = quat(0, 0, 0, 1);
 
-  EXPECT_EQ(call<Binary>("CSharp_Velarion_operator_multiply__SWIG_7", nullptr, nullptr), nullptr);
-  expectNull(transformByValue);
-  EXPECT_EQ(call<Binary>("CSharp_Velarion_operator_multiply__SWIG_7", t, nullptr), nullptr);
-  expectNull(transformRef);
-  EXPECT_EQ(call<Binary>("CSharp_Velarion_operator_multiply__SWIG_6", nullptr, nullptr), nullptr);
-  expectNull(transformRef);
-  EXPECT_EQ(call<Binary>("CSharp_Velarion_operator_multiply__SWIG_6", t, nullptr), nullptr);
-  expectNull("Velarion::Vector3 const & type is null");
+  expectRefused<Binary>(transformByValue, "CSharp_Velarion_operator_multiply__SWIG_7", nullptr, nullptr);
+  expectRefused<Binary>(transformRef, "CSharp_Velarion_operator_multiply__SWIG_7", t, nullptr);
+  expectRefused<Binary>(transformRef, "CSharp_Velarion_operator_multiply__SWIG_6", nullptr, nullptr);
+  expectRefused<Binary>(vectorRef, "CSharp_Velarion_operator_multiply__SWIG_6", t, nullptr);
   for (const char* name : {"CSharp_Velarion_Transform_transformPosition", "CSharp_Velarion_Transform_transformDirection"}) {
-    EXPECT_EQ(call<Binary>(name, t, nullptr), nullptr) << name;
-    expectNull("Velarion::Vector3 const & type is null");
+    expectRefused<Binary>(vectorRef, name, t, nullptr);
   }
-
-  EXPECT_EQ(call<Binary>("CSharp_Velarion_new_Transform__SWIG_0", nullptr, nullptr), nullptr);
-  expectNull("Attempt to dereference null Velarion::Matrix3x3");
-  EXPECT_EQ(call<Binary>("CSharp_Velarion_new_Transform__SWIG_0", m, nullptr), nullptr);
-  expectNull("Attempt to dereference null Velarion::Vector3");
-  EXPECT_EQ(call<Unary>("CSharp_Velarion_new_Transform__SWIG_1", nullptr), nullptr);
-  expectNull("Attempt to dereference null Velarion::Matrix3x3");
-  EXPECT_EQ(call<Binary>("CSharp_Velarion_new_Transform__SWIG_3", nullptr, nullptr), nullptr);
-  expectNull("Velarion::Quaternion const & type is null");
-  EXPECT_EQ(call<Binary>("CSharp_Velarion_new_Transform__SWIG_3", q, nullptr), nullptr);
-  expectNull("Attempt to dereference null Velarion::Vector3");
-  EXPECT_EQ(call<Unary>("CSharp_Velarion_new_Transform__SWIG_4", nullptr), nullptr);
-  expectNull("Velarion::Quaternion const & type is null");
-  EXPECT_EQ(call<Unary>("CSharp_Velarion_Transform_translation__SWIG_0", nullptr), nullptr);
-  expectNull("Attempt to dereference null Velarion::Vector3");
-
-  call<void(void*, void*)>("CSharp_Velarion_Transform_setBasis", t, nullptr);
-  expectNull("Attempt to dereference null Velarion::Matrix3x3");
-  call<void(void*, void*)>("CSharp_Velarion_Transform_setOrigin", t, nullptr);
-  expectNull("Attempt to dereference null Velarion::Vector3");
+  expectRefused<Binary>(matrixByValue, "CSharp_Velarion_new_Transform__SWIG_0", nullptr, nullptr);
+  expectRefused<Binary>(vectorByValue, "CSharp_Velarion_new_Transform__SWIG_0", mat3(kSkewed), nullptr);
+  expectRefused<Unary>(matrixByValue, "CSharp_Velarion_new_Transform__SWIG_1", nullptr);
+  expectRefused<Binary>(quaternionRef, "CSharp_Velarion_new_Transform__SWIG_3", nullptr, nullptr);
+  expectRefused<Binary>(vectorByValue, "CSharp_Velarion_new_Transform__SWIG_3", quat(0, 0, 0, 1), nullptr);
+  expectRefused<Unary>(quaternionRef, "CSharp_Velarion_new_Transform__SWIG_4", nullptr);
+  expectRefused<Unary>(vectorByValue, "CSharp_Velarion_Transform_translation__SWIG_0", nullptr);
+  expectRefused<void(void*, void*)>(matrixByValue, "CSharp_Velarion_Transform_setBasis", t, nullptr);
+  expectRefused<void(void*, void*)>(vectorByValue, "CSharp_Velarion_Transform_setOrigin", t, nullptr);
   EXPECT_EQ(text(t), text(make<void*()>("Transform", "CSharp_Velarion_new_Transform__SWIG_2")));
 }

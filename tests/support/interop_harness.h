@@ -8,6 +8,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace harness {
@@ -71,5 +72,27 @@ class ExportTest : public ::testing::Test {
   void SetUp() override { registerAll(); }
   void TearDown() override { EXPECT_TRUE(nothingPending()) << "a pending exception was not expected"; }
 };
+
+// Expects exactly one ArgumentNullException with `message`.
+inline void expectNull(const char* message) {
+  PendingArgument pending = takePending();
+  EXPECT_EQ(pending.code, 1);
+  EXPECT_EQ(pending.message, message);
+  EXPECT_FALSE(pending.paramName.has_value());
+}
+
+// Calls an export that must refuse a null operand: it returns nothing (null or
+// zero) and raises exactly one ArgumentNullException with `message`.
+template <class Signature, class... A>
+void expectRefused(const char* message, const char* name, A... arguments) {
+  SCOPED_TRACE(name);
+  using R = std::invoke_result_t<Signature*, A...>;
+  if constexpr (std::is_void_v<R>) {
+    call<Signature>(name, arguments...);
+  } else {
+    EXPECT_EQ(call<Signature>(name, arguments...), R{});
+  }
+  expectNull(message);
+}
 
 }  // namespace harness
