@@ -16,8 +16,7 @@ namespace {
 class EmitterExports : public EmitterExportTest {
  protected:
   EmitterExports()
-      : EmitterExportTest("CSharp_Velarion_new_AmplitudeModulationEmitter__SWIG_2",
-                          "CSharp_Velarion_delete_AmplitudeModulationEmitter") {}
+      : EmitterExportTest("AmplitudeModulationEmitter", "AmplitudeModulation") {}
   void SetUp() override {
     EmitterExportTest::SetUp();
     VelarionEmulator::AmplitudeModulation::setManualStepping(true);
@@ -37,23 +36,7 @@ class EmitterExports : public EmitterExportTest {
 }  // namespace
 
 TEST_F(EmitterExports, OnlyTheTransformConstructorChecksTheVersionRightAfterInit) {
-  emitterOn(kDevice);
-  std::vector<std::string> entries = journal();
-  const auto init = std::find(entries.begin(), entries.end(), "AmplitudeModulation::Emitter::init(\"VLA16-2A1F0031\")");
-  ASSERT_NE(init, entries.end());
-  ASSERT_NE(init + 1, entries.end());
-  EXPECT_EQ(*(init + 1), kVersionCheck);
-  EXPECT_EQ(count(entries, kVersionCheck), 1u);
-
-  Journal::clear();
-  void* plain = keep(call<void*()>("CSharp_Velarion_new_AmplitudeModulationEmitter__SWIG_0"));
-  keep(call<void*(const char*)>("CSharp_Velarion_new_AmplitudeModulationEmitter__SWIG_1", nullptr));
-  keep(call<void*(void*)>("CSharp_Velarion_new_AmplitudeModulationEmitter__SWIG_3", plain));
-  entries = journal();
-  EXPECT_EQ(count(entries, kVersionCheck), 0u);
-  EXPECT_EQ(count(entries, "AmplitudeModulation::Emitter::Emitter()"), 1u);
-  EXPECT_EQ(count(entries, "AmplitudeModulation::Emitter::Emitter(null)"), 1u);
-  EXPECT_EQ(count(entries, "AmplitudeModulation::Emitter::Emitter(Emitter&&)"), 1u);
+  expectVersionCheckOnlyAfterInit();
 
   // Null arguments: reported, nothing constructed.
   Journal::clear();
@@ -94,25 +77,8 @@ TEST_F(EmitterExports, UpdatePassesTheCollectionsArrayOrNullForOneNeverFilled) {
 }
 
 TEST_F(EmitterExports, ManagedExtendedOptionQueriesTheSizeThenReadsOnce) {
-  void* emitter = emitterOn(kDevice);
-  using Managed = void*(void*, const char*);
-  Journal::clear();
-  EXPECT_EQ(managedString(call<Managed>("CSharp_Velarion_AmplitudeModulationEmitter_getManagedExtendedOption", emitter,
-                                        "noSuchOption")),
-            "");
-  EXPECT_EQ(journal(),
-            std::vector<std::string>{"AmplitudeModulation::Emitter::getExtendedOption(\"noSuchOption\", null, 0)"});
-
-  EXPECT_EQ(call<unsigned(void*, const char*, const char*)>("CSharp_Velarion_AmplitudeModulationEmitter_setExtendedOption",
-                                                            emitter, "modulationWaveform", "square"),
-            1u);
-  Journal::clear();
-  EXPECT_EQ(managedString(call<Managed>("CSharp_Velarion_AmplitudeModulationEmitter_getManagedExtendedOption", emitter,
-                                        "modulationWaveform")),
-            "square");
-  EXPECT_EQ(journal(), (std::vector<std::string>{
-                           "AmplitudeModulation::Emitter::getExtendedOption(\"modulationWaveform\", null, 0)",
-                           "AmplitudeModulation::Emitter::getExtendedOption(\"modulationWaveform\", buffer, 7)"}));
+  expectManagedOptionQueriesTheSizeThenReadsOnce("modulationWaveform", "square");
+  void* emitter = emitterOn(kOtherDevice);
 
   // The raw form: a short buffer is left alone and the size needed returned.
   char buffer[8] = "xxxxxxx";

@@ -19,10 +19,13 @@ const std::string kVersionCheck = "VersionInfo::checkVersion(2, 6, 4)";
 // Built-in devices and an empty journal at the start of each test.
 class EmitterExportTest : public ExportTest {
  protected:
-  // The exports that make an emitter of the class tested with an identifier
-  // and a Transform, and that delete one.
-  EmitterExportTest(const char* newWithTransform, const char* deleteEmitter)
-      : newWithTransform_(newWithTransform), deleteEmitter_(deleteEmitter) {}
+  // The exported class tested ("AmplitudeModulationEmitter") and the device
+  // library's namespace it wraps, as the journal names it ("AmplitudeModulation").
+  EmitterExportTest(const char* exportedClass, const char* area)
+      : class_(exportedClass),
+        area_(area),
+        newWithTransform_("CSharp_Velarion_new_" + class_ + "__SWIG_2"),
+        deleteEmitter_("CSharp_Velarion_delete_" + class_) {}
 
   void SetUp() override {
     ExportTest::SetUp();
@@ -30,7 +33,7 @@ class EmitterExportTest : public ExportTest {
     VelarionEmulator::Journal::clear();
   }
   void TearDown() override {
-    for (void* e : emitters_) call<void(void*)>(deleteEmitter_, e);
+    for (void* e : emitters_) call<void(void*)>(deleteEmitter_.c_str(), e);
     for (void* t : transforms_) call<void(void*)>("CSharp_Velarion_delete_Transform", t);
     ExportTest::TearDown();
   }
@@ -46,7 +49,7 @@ class EmitterExportTest : public ExportTest {
   }
   // An emitter on `device` placed at the origin, as the managed side makes it.
   void* emitterOn(const char* device) {
-    return keep(call<void*(const char*, void*)>(newWithTransform_, device, translation(0, 0, 0)));
+    return keep(call<void*(const char*, void*)>(newWithTransform_.c_str(), device, translation(0, 0, 0)));
   }
 
   static std::vector<std::string> journal() { return VelarionEmulator::Journal::entries(); }
@@ -54,9 +57,50 @@ class EmitterExportTest : public ExportTest {
     return static_cast<size_t>(std::count(entries.begin(), entries.end(), entry));
   }
 
+  std::string exportName(const char* member) const { return "CSharp_Velarion_" + class_ + "_" + member; }
+  std::string entry(const std::string& call) const { return area_ + "::Emitter::" + call; }
+
+  // Only the constructor with a Transform checks the version, right after init.
+  void expectVersionCheckOnlyAfterInit() {
+    emitterOn(kDevice);
+    std::vector<std::string> entries = journal();
+    const auto init = std::find(entries.begin(), entries.end(), entry("init(\"VLA16-2A1F0031\")"));
+    ASSERT_NE(init, entries.end());
+    ASSERT_NE(init + 1, entries.end());
+    EXPECT_EQ(*(init + 1), kVersionCheck);
+    EXPECT_EQ(count(entries, kVersionCheck), 1u);
+
+    VelarionEmulator::Journal::clear();
+    void* plain = keep(call<void*()>(("CSharp_Velarion_new_" + class_ + "__SWIG_0").c_str()));
+    keep(call<void*(const char*)>(("CSharp_Velarion_new_" + class_ + "__SWIG_1").c_str(), nullptr));
+    keep(call<void*(void*)>(("CSharp_Velarion_new_" + class_ + "__SWIG_3").c_str(), plain));
+    entries = journal();
+    EXPECT_EQ(count(entries, kVersionCheck), 0u);
+    for (const char* constructor : {"Emitter()", "Emitter(null)", "Emitter(Emitter&&)"}) {
+      EXPECT_EQ(count(entries, entry(constructor)), 1u) << constructor;
+    }
+  }
+
+  // The managed form asks for the size first and reads only when there is
+  // something to read: an unknown option costs one call, `option` two.
+  void expectManagedOptionQueriesTheSizeThenReadsOnce(const char* option, const std::string& value) {
+    void* emitter = emitterOn(kDevice);
+    EXPECT_EQ(call<unsigned(void*, const char*, const char*)>(exportName("setExtendedOption").c_str(), emitter, option,
+                                                              value.c_str()),
+              1u);
+    const std::string get = exportName("getManagedExtendedOption");
+    VelarionEmulator::Journal::clear();
+    EXPECT_EQ(managedString(call<void*(void*, const char*)>(get.c_str(), emitter, "noSuchOption")), "");
+    EXPECT_EQ(journal(), std::vector<std::string>{entry("getExtendedOption(\"noSuchOption\", null, 0)")});
+    VelarionEmulator::Journal::clear();
+    EXPECT_EQ(managedString(call<void*(void*, const char*)>(get.c_str(), emitter, option)), value);
+    const std::string quoted = std::string("getExtendedOption(\"") + option + "\", ";
+    EXPECT_EQ(journal(), (std::vector<std::string>{entry(quoted + "null, 0)"),
+                                                   entry(quoted + "buffer, " + std::to_string(value.size() + 1) + ")")}));
+  }
+
  private:
-  const char* newWithTransform_;
-  const char* deleteEmitter_;
+  const std::string class_, area_, newWithTransform_, deleteEmitter_;
   std::vector<void*> emitters_, transforms_;
 };
 
