@@ -37,11 +37,6 @@ TEST(HostTime, HalfSecondsConvertExactlyBothWays) {
   EXPECT_EQ(t.seconds, 1);
   EXPECT_EQ(t.fraction, 1u << 31);
   EXPECT_EQ(SteadyTimePoint(t).time_since_epoch().count(), 1500000000);
-
-  const HostDuration zero(nanoseconds(0));
-  EXPECT_EQ(zero.seconds, 0);
-  EXPECT_EQ(zero.fraction, 0u);
-  EXPECT_EQ(nanoseconds(zero).count(), 0);
 }
 
 TEST(HostTime, NegativeCountsSplitTowardZeroBeforeTheDeviceLibraryNormalises) {
@@ -63,45 +58,14 @@ TEST(HostTime, TheTopFractionRoundsUpToAWholeSecond) {
 }
 
 TEST(HostTime, RoundTripsAreExactAcrossTheRangeWithWrappingSums) {
-  const int64_t counts[] = {1,
-                            999999999,
-                            1000000000,
-                            123456789012345678,
-                            -123456789012345678,
-                            -999999999,
-                            std::numeric_limits<int64_t>::max(),
-                            std::numeric_limits<int64_t>::min()};
-  for (int64_t count : counts) {
+  for (int64_t count : {int64_t{0}, int64_t{999999999}, int64_t{1000000000}, int64_t{-123456789012345678},
+                        std::numeric_limits<int64_t>::max(), std::numeric_limits<int64_t>::min()}) {
     EXPECT_EQ(roundTrip(count), count) << count;
   }
   // seconds * 10^9 overflows here: the sum wraps instead of saturating.
   const int64_t big = std::numeric_limits<int64_t>::max() / 1000000000 + 1;
   EXPECT_EQ(nanoseconds(withFields(big, 0)).count(),
             static_cast<int64_t>(static_cast<uint64_t>(big) * 1000000000u));
-}
-
-TEST(HostTime, AssignmentsCopyBothFieldsAndLeaveTheSource) {
-  HostDuration source = withFields(-4, 77);
-  HostDuration target = withFields(9, 9);
-  HostDuration& result = (target = source);
-  EXPECT_EQ(&result, &target);
-  EXPECT_EQ(target.seconds, -4);
-  EXPECT_EQ(target.fraction, 77u);
-  HostDuration moved;
-  moved = std::move(source);
-  EXPECT_EQ(moved.seconds, -4);
-  EXPECT_EQ(source.seconds, -4);
-  EXPECT_EQ(source.fraction, 77u);
-
-  HostTimePoint a(3, 0.25);
-  HostTimePoint b;
-  b = a;
-  EXPECT_EQ(b.seconds, 3);
-  EXPECT_EQ(b.fraction, 1u << 30);
-  HostTimePoint c;
-  EXPECT_EQ(&(c = std::move(a)), &c);
-  EXPECT_EQ(c.fraction, 1u << 30);
-  EXPECT_EQ(a.fraction, 1u << 30);
 }
 
 TEST(HostTime, DeviceLibraryArithmeticCarriesFractions) {
@@ -132,12 +96,8 @@ TEST_F(ExportTest, DurationProductIsANewOwnedHandle) {
   EXPECT_EQ(call<int64_t(void*)>("CSharp_Velarion_HostDuration_nanoseconds", p), 4500000000);
   for (void* h : {d, p, q, static_cast<void*>(nullptr)}) call<void(void*)>("CSharp_Velarion_delete_HostDuration", h);
 
-  EXPECT_EQ(call<void*(unsigned int, void*)>("CSharp_Velarion_operator_multiply__SWIG_8", 3u, nullptr), nullptr);
-  PendingArgument pending = takePending();
-  EXPECT_EQ(pending.module, velarion);
-  EXPECT_EQ(pending.code, 1);
-  EXPECT_EQ(pending.message, "Velarion::HostDuration const & type is null");
-  EXPECT_EQ(pending.paramName, std::nullopt);
+  expectRefused<void*(unsigned int, void*)>("Velarion::HostDuration const & type is null",
+                                            "CSharp_Velarion_operator_multiply__SWIG_8", 3u, nullptr);
 }
 
 TEST_F(ExportTest, TimePointReadersSeeTheBorrowedObject) {
