@@ -16,6 +16,7 @@
 #include "Velarion/VelarionLibrary.h"
 #include "VelarionEmulator/AmplitudeModulation.h"
 #include "VelarionEmulator/Devices.h"
+#include "device/device_fixture.h"
 
 using Velarion::Matrix3x3;
 using Velarion::Transform;
@@ -284,17 +285,10 @@ TEST_F(AcousticField, EmittersClaimTheirDevicesAndNoticeWhenOneIsGone) {
   EXPECT_FALSE(library.isDeviceClaimed(kOtherDevice));
 }
 
-namespace {
-void collect(const char* message, unsigned int, unsigned int, const char* area, void* user) {
-  if (std::string(area) == "AmplitudeModulation") static_cast<std::vector<std::string>*>(user)->push_back(message);
-}
-}  // namespace
-
 TEST_F(AcousticField, TheEmissionThreadKeepsRenderingTheLastUpdateUntilStopped) {
   Velarion::LoggingExternalInterface logging;
   logging.redirectLoggingToNull();
-  std::vector<std::string> messages;
-  logging.setCallbackForLogLevel(static_cast<unsigned>(Velarion::LogLevel::Info), collect, &messages);
+  devicetest::LogCapture log(logging);
 
   emulator::setManualStepping(false);
   Emitter emitter(kDevice, Transform());
@@ -313,10 +307,8 @@ TEST_F(AcousticField, TheEmissionThreadKeepsRenderingTheLastUpdateUntilStopped) 
   std::this_thread::sleep_for(std::chrono::milliseconds(20));
   EXPECT_EQ(emulator::renderedFrames(emitter), frames) << "no thread after stop()";
 
-  ASSERT_GE(messages.size(), 2u);
-  EXPECT_NE(messages[messages.size() - 2].find("started on VLA16-2A1F0031 at 16000 Hz"), std::string::npos)
-      << messages[messages.size() - 2];
-  EXPECT_EQ(messages.back(), "Amplitude modulation emitter stopped");
+  EXPECT_TRUE(log.saw(3, "emitter started on VLA16-2A1F0031 at 16000 Hz"));
+  EXPECT_TRUE(log.find("AmplitudeModulation", "Amplitude modulation emitter stopped"));
 }
 
 namespace {

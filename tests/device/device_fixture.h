@@ -6,8 +6,10 @@
 #include <filesystem>
 #include <fstream>
 #include <mutex>
+#include <optional>
 #include <unistd.h>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "Velarion/LoggingExternalInterface.h"
@@ -53,6 +55,7 @@ class LogCapture {
     std::string text;
     unsigned int level;
     std::string area;
+    std::thread::id thread;
   };
 
   explicit LogCapture(Velarion::LoggingExternalInterface& logging) : logging_(logging) {
@@ -72,12 +75,19 @@ class LogCapture {
     }
     return false;
   }
+  // The first message of `area` that starts with `start`.
+  std::optional<Message> find(const std::string& area, const std::string& start) const {
+    for (const Message& m : messages()) {
+      if (m.area == area && m.text.rfind(start, 0) == 0) return m;
+    }
+    return std::nullopt;
+  }
 
  private:
   static void receive(const char* message, unsigned int level, unsigned int, const char* area, void* user) {
     auto* self = static_cast<LogCapture*>(user);
     std::lock_guard<std::mutex> lock(self->mutex_);
-    self->messages_.push_back({message, level, area});
+    self->messages_.push_back({message, level, area, std::this_thread::get_id()});
   }
   Velarion::LoggingExternalInterface& logging_;
   mutable std::mutex mutex_;

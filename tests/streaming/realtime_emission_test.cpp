@@ -5,7 +5,6 @@
 #include <chrono>
 #include <cmath>
 #include <iostream>
-#include <mutex>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -16,7 +15,7 @@
 #include "Velarion/TimePointStreaming/Emitter.h"
 #include "VelarionEmulator/Devices.h"
 #include "VelarionEmulator/Streaming.h"
-#include "support/interop_harness.h"
+#include "device/device_fixture.h"
 #include "timepoint_streaming/emission_callback_wrapper.h"
 
 using namespace harness;
@@ -84,30 +83,6 @@ void drawCircle(unsigned int n, unsigned int m, unsigned int stride, const HostT
   ++drawing.calls;
 }
 
-struct LogLine {
-  std::string message;
-  unsigned int level;
-  std::thread::id thread;
-};
-
-struct LogSink {
-  std::mutex mutex;
-  std::vector<LogLine> lines;
-  static void receive(const char* message, unsigned int level, unsigned int, const char* area, void* user) {
-    if (std::string(area) != "TimePointStreaming") return;
-    auto* sink = static_cast<LogSink*>(user);
-    std::lock_guard<std::mutex> lock(sink->mutex);
-    sink->lines.push_back({message, level, std::this_thread::get_id()});
-  }
-  const LogLine* find(const std::string& start) {
-    std::lock_guard<std::mutex> lock(mutex);
-    for (const auto& line : lines) {
-      if (line.message.rfind(start, 0) == 0) return &line;
-    }
-    return nullptr;
-  }
-};
-
 // Polls `done` for at most a few seconds.
 template <class F>
 bool eventually(F done) {
@@ -129,7 +104,6 @@ class RealTimeEmission : public ExportTest {
     VelarionEmulator::Devices::resetToDefaults();
     drawing.reset();
     logging.redirectLoggingToNull();
-    for (unsigned int level = 1; level <= 3; ++level) logging.setCallbackForLogLevel(level, &LogSink::receive, &sink);
     void* transform = call<void*()>("CSharp_Velarion_new_Transform__SWIG_2");
     handle = call<void*(const char*, void*)>("CSharp_Velarion_new_TimePointStreamingEmitter__SWIG_2",
                                              "VLA16-2A1F0031", transform);
@@ -140,7 +114,6 @@ class RealTimeEmission : public ExportTest {
     call<unsigned(void*)>("CSharp_Velarion_TimePointStreamingEmitter_stop", handle);
     call<void(void*)>("CSharp_Velarion_delete_TimePointStreamingEmitter", handle);
     call<void(void*)>("CSharp_Velarion_delete_EmissionCallbackWrapper", wrapper);
-    for (unsigned int level = 1; level <= 3; ++level) logging.setCallbackForLogLevel(level, nullptr, nullptr);
     ExportTest::TearDown();
   }
   void connect(CallbackOverride callback) {
@@ -153,7 +126,7 @@ class RealTimeEmission : public ExportTest {
   Emitter& emitter() const { return *static_cast<Emitter*>(handle); }
 
   Velarion::LoggingExternalInterface logging;
-  LogSink sink;
+  devicetest::LogCapture sink{logging};
   void* handle = nullptr;
   void* wrapper = nullptr;
 };
@@ -213,10 +186,9 @@ TEST_F(RealTimeEmission, IntervalsAreGaplessAndTheEmittedCircleIsRecorded) {
   }
   EXPECT_GT(second, 0u);
 
-  const LogLine* started = sink.find("Time-point streaming emitter started on VLA16-2A1F0031 at 40000 Hz");
-  const LogLine* stopped = sink.find("Time-point streaming emitter stopped after");
-  ASSERT_NE(started, nullptr);
-  ASSERT_NE(stopped, nullptr);
+  ASSERT_TRUE(sink.find("TimePointStreaming", "Time-point streaming emitter started on VLA16-2A1F0031 at 40000 Hz"));
+  const auto stopped = sink.find("TimePointStreaming", "Time-point streaming emitter stopped after");
+  ASSERT_TRUE(stopped.has_value());
   EXPECT_NE(stopped->thread, std::this_thread::get_id()) << "the emission thread reports its own end";
 }
 
@@ -227,10 +199,10 @@ TEST_F(RealTimeEmission, ACallbackThatThrowsStopsEmissionWithAnError) {
             1u);
   ASSERT_EQ(invoke("start"), 1u);
   ASSERT_TRUE(eventually([&] { return Streaming::statistics(emitter()).emitting == 0; }));
-  const LogLine* error = sink.find("The emission callback threw (");
-  ASSERT_NE(error, nullptr);
+  const auto error = sink.find("TimePointStreaming", "The emission callback threw (");
+  ASSERT_TRUE(error.has_value());
   EXPECT_EQ(error->level, 1u);
-  EXPECT_NE(error->message.find("EmissionCallbackWrapper::callback"), std::string::npos) << error->message;
+  EXPECT_NE(error->text.find("EmissionCallbackWrapper::callback"), std::string::npos) << error->text;
 
   // The emitter can start again once the callback is fixed.
   connect(&drawCircle);
