@@ -105,14 +105,6 @@ namespace Velarion.Tests
             points.remove(7);
             Assert.Equal(1u, points.length());
         }
-
-        [Fact]
-        public void TheDefaultFrequencyIsOneNumberOnBothSides()
-        {
-            Assert.Equal(125, velarion_amplitudemodulation.DEFAULT_CONTROL_POINT_FREQUENCY);
-            using var point = new AmplitudeModulationControlPoint(0, 0, 0.2f, 1f);
-            Assert.Equal(125f, point.getFrequency());
-        }
     }
 
     // The list containers through SWIG's generated IList classes.
@@ -138,21 +130,5 @@ namespace Velarion.Tests
             Assert.Throws<ArgumentNullException>(() => list.Add(null));
         }
 
-        [Fact]
-        public void TheLibraryGathersEveryDeviceIntoLists()
-        {
-            using var library = new VelarionLibrary();
-            using var identifiers = library.getManagedDeviceIdentifiers();
-            using var infos = library.getManagedDeviceInfos();
-            Assert.Equal(library.getDeviceCount(), (uint)identifiers.Count);
-            Assert.Equal(identifiers.Count, infos.Count);
-            for (int i = 0; i < infos.Count; ++i)
-            {
-                Assert.Equal(identifiers[i], infos[i].getDeviceIdentifier());
-            }
-            using var copy = new DeviceInfoList(infos);
-            copy.Reverse();
-            Assert.Equal(identifiers[0], copy[copy.Count - 1].getDeviceIdentifier());
-        }
     }
 }

@@ -66,9 +66,6 @@ namespace Velarion.Tests
             using var m = new Matrix3x3(halfTurn);
             Assert.Equal((0.0, 0.0, 1.0), (m.at(0, 0), m.at(1, 1), m.at(2, 2)));
 
-            using var xy = Quaternion.fromEuler((float)(Math.PI / 2), (float)(Math.PI / 2), 0, 0);
-            using var yx = Quaternion.fromEuler((float)(Math.PI / 2), (float)(Math.PI / 2), 0, 2);
-            Assert.Equal(xy.z(), -yx.z());
             using var invalid = Quaternion.fromEuler(1, 2, 3, 6);
             Assert.Equal((0f, 0f, 0f, 1f), (invalid.x(), invalid.y(), invalid.z(), invalid.w()));
 
@@ -90,12 +87,6 @@ namespace Velarion.Tests
             Assert.Equal("Attempt to dereference null Velarion::Transform", VectorTests.Message(byValue));
             var byRef = Assert.Throws<ArgumentNullException>(() => velarion.operator_multiply(t, (Transform)null));
             Assert.Equal("Velarion::Transform const & type is null", VectorTests.Message(byRef));
-
-            using var q = new Quaternion();
-            var both = Assert.Throws<ArgumentNullException>(() => velarion.operator_plus((Quaternion)null, null));
-            Assert.Equal("Attempt to dereference null Velarion::Quaternion", VectorTests.Message(both));
-            var right = Assert.Throws<ArgumentNullException>(() => velarion.operator_minus(q, (Quaternion)null));
-            Assert.Equal("Velarion::Quaternion const & type is null", VectorTests.Message(right));
 
             var basis = Assert.Throws<ArgumentNullException>(() => t.setBasis(null));
             Assert.Equal("Attempt to dereference null Velarion::Matrix3x3", VectorTests.Message(basis));

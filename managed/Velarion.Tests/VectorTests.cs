@@ -32,16 +32,6 @@ namespace Velarion.Tests
         }
 
         [Fact]
-        public void SettersWriteThroughToTheNativeObject()
-        {
-            using var v = new NVector3();
-            v.x = 1.5f;
-            v.y = -2f;
-            Assert.Equal(1.5f, v.x);
-            Assert.Equal(-2f, v.y);
-        }
-
-        [Fact]
         public void NullReferenceOperandsSurfaceAsArgumentNullException()
         {
             using var v = new NVector3(1, 2, 3);
