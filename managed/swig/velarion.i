@@ -9,5 +9,6 @@
 %include "logging.i"
 %include "lists.i"
 %include "device.i"
+%include "library.i"
 %include "records.i"
 %include "hosttime.i"
