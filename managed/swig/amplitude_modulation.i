@@ -11,41 +11,6 @@ namespace AmplitudeModulation {
 
 %rename(AmplitudeModulationControlPoint) ControlPoint;
 
-// The point ControlPointCollection.data() lends out keeps the collection
-// reachable, and is refused once the collection changed or was disposed: its
-// storage may have moved, and the point would reach freed memory.
-%typemap(cscode) ControlPoint %{
-  internal ControlPointCollection collection;
-  internal int collectionVersion;
-
-  internal void CheckLent() {
-    if (collection != null && !collection.StillLends(collectionVersion))
-      throw new global::System.InvalidOperationException(
-          "the collection this point was borrowed from has changed or been disposed since");
-  }
-
-  internal static AmplitudeModulationControlPoint Checked(AmplitudeModulationControlPoint point) {
-    point?.CheckLent();
-    return point;
-  }
-%}
-%typemap(csin) const ControlPoint& "$csclassname.getCPtr($csclassname.Checked($csinput))"
-%typemap(csout, excode=SWIGEXCODE) Vector3 getPosition, Vector3 getDirection {
-    CheckLent();
-    $csclassname ret = new $csclassname($imcall, true);$excode
-    return ret;
-  }
-%typemap(csout, excode=SWIGEXCODE) float getIntensity, float getFrequency, float getPhaseAngle {
-    CheckLent();
-    float ret = $imcall;$excode
-    return ret;
-  }
-%typemap(csout, excode=SWIGEXCODE) void setPosition, void setDirection, void setIntensity, void setFrequency,
-    void setPhaseAngle, void autoPhaseAngle {
-    CheckLent();
-    $imcall;$excode
-  }
-
 // The shortened forms default the modulation frequency to 125 Hz.
 class ControlPoint {
  public:
@@ -69,32 +34,18 @@ class ControlPoint {
   void autoPhaseAngle();
 };
 
-%clear Vector3 getPosition, Vector3 getDirection;
-%clear float getIntensity, float getFrequency, float getPhaseAngle;
-%clear void setPosition, void setDirection, void setIntensity, void setFrequency, void setPhaseAngle,
-    void autoPhaseAngle;
-
 // data() lends out the first point, or null when there is none (natively,
 // a cleared collection still gives the address of its destroyed points).
+// Lent points are disposed by any change that may move or destroy them.
 %typemap(csout, excode=SWIGEXCODE) ControlPoint* data {
     global::System.IntPtr cPtr = $imcall;$excode
     if (cPtr == global::System.IntPtr.Zero || length() == 0) return null;
-    $csclassname lent = new $csclassname(cPtr, false);
-    lent.collection = this;
-    lent.collectionVersion = version;
-    return lent;
+    return new $csclassname(global::Velarion.Interop.NativeHandle.Borrow(cPtr, swigCPtr));
   }
 %typemap(csout, excode=SWIGEXCODE) void add, void clear, void remove {
     $imcall;$excode
-    ++version;
+    swigHandle.CloseBorrowers();
   }
-%typemap(cscode) ControlPointCollection %{
-  // Counts the changes that may move or destroy points.
-  private int version;
-
-  internal bool StillLends(int lentVersion) =>
-      lentVersion == version && swigCPtr.Handle != global::System.IntPtr.Zero;
-%}
 
 class ControlPointCollection {
  public:

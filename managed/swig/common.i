@@ -5,6 +5,120 @@
 // no module generates its own SWIGTYPE_p_void class.
 %apply void *VOID_INT_PTR { void * }
 
-// Hand-written imports (managed/Velarion/*.cs) join the generated ones in the
-// module's PINVOKE class.
+// Hand-written imports (managed/VelarionSharp/*.cs) join the generated ones in
+// the module's PINVOKE class.
 %pragma(csharp) imclassclassmodifiers="internal partial class"
+
+// --- Ownership ---------------------------------------------------------------
+// Every proxy holds one Interop.NativeHandle (a SafeHandle): platform invoke
+// holds a reference on it for the length of each call, so a Dispose on another
+// thread frees the object only after the call returned. Handles of objects
+// passed in cross the same way; a null proxy crosses as a null pointer, so the
+// native "… type is null" checks still speak for a missing argument.
+%typemap(imtype, out="global::System.IntPtr") SWIGTYPE, SWIGTYPE *, SWIGTYPE &, SWIGTYPE &&, SWIGTYPE []
+    "global::Velarion.Interop.NativeHandle"
+
+%typemap(csbody) SWIGTYPE %{
+  private readonly global::Velarion.Interop.NativeHandle swigHandle;
+
+  internal $csclassname(global::System.IntPtr cPtr, bool cMemoryOwn) {
+    swigHandle = cMemoryOwn ? global::Velarion.Interop.NativeHandle.Owned(cPtr, SwigRelease, this)
+                            : global::Velarion.Interop.NativeHandle.Unowned(cPtr);
+  }
+
+  // A handle made elsewhere: borrowed from another proxy, or owned by a
+  // derived proxy that frees through its own delete export.
+  internal $csclassname(global::Velarion.Interop.NativeHandle.Made made) {
+    swigHandle = made.Handle;
+  }
+
+  // The handle itself, whatever its state (for keeping and lending).
+  internal global::Velarion.Interop.NativeHandle SwigHandle => swigHandle;
+  // The pointer every member passes: refused once disposed, naming the type.
+  internal global::Velarion.Interop.NativeHandle swigCPtr {
+    get {
+      var handle = swigHandle;
+      if (handle.IsClosed) throw global::Velarion.Interop.NativeHandle.Disposed(this);
+      return handle;
+    }
+  }
+
+  internal static global::Velarion.Interop.NativeHandle getCPtr($csclassname obj) {
+    return obj == null ? global::Velarion.Interop.NativeHandle.Null : obj.swigCPtr;
+  }
+
+  // Whether this proxy frees its object (false for one borrowed from another).
+  internal bool swigCMemOwn => swigHandle.IsOwned;
+%}
+
+// Derived proxies share their base's handle: every upcast here keeps the
+// address (the base sub-object comes first).
+%typemap(csbody_derived) SWIGTYPE %{
+  internal $csclassname(global::System.IntPtr cPtr, bool cMemoryOwn)
+      : base(cMemoryOwn ? global::Velarion.Interop.NativeHandle.Own($imclassname.$csclazznameSWIGUpcast(cPtr), SwigRelease, typeof($csclassname))
+                        : global::Velarion.Interop.NativeHandle.Own($imclassname.$csclazznameSWIGUpcast(cPtr), null, null)) {
+  }
+
+  internal $csclassname(global::Velarion.Interop.NativeHandle.Made made) : base(made) {
+  }
+
+  internal new global::Velarion.Interop.NativeHandle swigCPtr => base.swigCPtr;
+
+  internal static global::Velarion.Interop.NativeHandle getCPtr($csclassname obj) {
+    return obj == null ? global::Velarion.Interop.NativeHandle.Null : obj.swigCPtr;
+  }
+%}
+
+// The handle finalizes itself: proxies have no finalizer of their own, and
+// Dispose is idempotent and safe from any thread.
+%typemap(csdispose) SWIGTYPE %{
+  /// <summary>
+  /// Frees the native object now (or, when it is in a call on another thread
+  /// or still used by the device library, as soon as it no longer is). Objects
+  /// borrowed from this one are disposed with it. Calling it again does nothing.
+  /// </summary>
+  public void Dispose() {
+    Dispose(true);
+    global::System.GC.SuppressFinalize(this);
+  }
+%}
+%typemap(csdispose_derived) SWIGTYPE ""
+
+// $imcall passes `swigCPtr`: here a handle made for the pointer being freed.
+%typemap(csdisposing, methodname="Dispose", methodmodifiers="protected", parameters="bool disposing") SWIGTYPE %{{
+    if (disposing) swigHandle.Dispose();
+  }
+
+  private static void SwigRelease(global::System.IntPtr cPtr) {
+    var swigCPtr = global::Velarion.Interop.NativeHandle.Unowned(cPtr);
+    $imcall;
+  }%}
+%typemap(csdisposing_derived, methodname="Dispose", methodmodifiers="protected", parameters="bool disposing") SWIGTYPE %{{
+    base.Dispose(disposing);
+  }
+
+  private static void SwigRelease(global::System.IntPtr cPtr) {
+    var swigCPtr = global::Velarion.Interop.NativeHandle.Unowned(cPtr);
+    $imcall;
+  }%}
+
+// A reference or pointer a member returns points into `this`: borrowed. The
+// lists' Repeat and GetRange make new lists, which the caller owns.
+%typemap(csout, excode=SWIGEXCODE) SWIGTYPE *Repeat, SWIGTYPE *GetRange {
+    global::System.IntPtr cPtr = $imcall;$excode
+    return cPtr == global::System.IntPtr.Zero ? null : new $csclassname(cPtr, true);
+  }
+%typemap(csout, excode=SWIGEXCODE) SWIGTYPE *, SWIGTYPE & {
+    global::System.IntPtr cPtr = $imcall;$excode
+    return cPtr == global::System.IntPtr.Zero ? null : new $csclassname(global::Velarion.Interop.NativeHandle.Borrow(cPtr, swigCPtr));
+  }
+%typemap(csvarout, excode=SWIGEXCODE2) SWIGTYPE *, SWIGTYPE & %{
+    get {
+      global::System.IntPtr cPtr = $imcall;$excode
+      return cPtr == global::System.IntPtr.Zero ? null : new $csclassname(global::Velarion.Interop.NativeHandle.Borrow(cPtr, swigCPtr));
+    } %}
+%typemap(csvarout, excode=SWIGEXCODE2) SWIGTYPE %{
+    get {
+      global::System.IntPtr cPtr = $imcall;$excode
+      return cPtr == global::System.IntPtr.Zero ? null : new $&csclassname(global::Velarion.Interop.NativeHandle.Borrow(cPtr, swigCPtr));
+    } %}

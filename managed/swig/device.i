@@ -38,48 +38,18 @@ enum class DeviceSelectionMode {
   MultipleDevices = 1
 };
 
-// An element lent out by a container keeps the container reachable, and is
-// refused once the container changed or was disposed: its storage may have
-// moved, and reading or writing through the element would reach freed memory.
+// An element lent out by a container is disposed with the container and by
+// any change that may move its storage (the proxy would reach freed memory).
 %typemap(cscode) Transducer %{
-  internal TransducerContainer container;
-  internal int containerVersion;
-
-  internal void CheckLent() {
-    if (container != null && !container.StillLends(containerVersion))
-      throw new global::System.InvalidOperationException(
-          "the container this element was borrowed from has changed or been disposed since");
-  }
-
   // The raw forms take one element: a count beyond what was given would be
   // read past it.
   internal static Transducer Provided(Transducer array, uint count) {
     if (count > (array == null ? 0u : 1u))
       throw new global::System.ArgumentOutOfRangeException("count", count,
           "more elements than were given; pass an array of Transducer to copy several");
-    array?.CheckLent();
     return array;
   }
 %}
-
-%typemap(csvarout, excode=SWIGEXCODE2) float x_position, float y_position, float z_position, float x_upvector,
-    float y_upvector, float z_upvector, float multiplier %{
-    get {
-      CheckLent();
-      float ret = $imcall;$excode
-      return ret;
-    } %}
-%typemap(csvarin, excode=SWIGEXCODE2) float x_position, float y_position, float z_position, float x_upvector,
-    float y_upvector, float z_upvector, float multiplier %{
-    set {
-      CheckLent();
-      $imcall;$excode
-    } %}
-%typemap(csout, excode=SWIGEXCODE) bool isEnabled {
-    CheckLent();
-    bool ret = $imcall;$excode
-    return ret;
-  }
 
 struct Transducer {
   float x_position;
@@ -95,10 +65,6 @@ struct Transducer {
   bool isEnabled() const;
 };
 
-%clear float x_position, float y_position, float z_position, float x_upvector, float y_upvector, float z_upvector,
-    float multiplier;
-%clear bool isEnabled;
-
 // at() of the device library throws past the end, which no managed caller
 // could catch: the proxy checks the index first. Elements are lent out.
 %typemap(csin, pre="    if ($csinput >= size()) throw new global::System.ArgumentOutOfRangeException(\"$csinput\");")
@@ -106,11 +72,11 @@ struct Transducer {
 %apply unsigned int TRANSDUCER_INDEX { unsigned int index }
 %typemap(csout, excode=SWIGEXCODE) const Transducer& at {
     global::System.IntPtr cPtr = $imcall;$excode
-    return Lend(cPtr);
+    return new Transducer(global::Velarion.Interop.NativeHandle.Borrow(cPtr, swigCPtr));
   }
 %typemap(csout, excode=SWIGEXCODE) const Transducer* data {
     global::System.IntPtr cPtr = $imcall;$excode
-    return cPtr == global::System.IntPtr.Zero ? null : Lend(cPtr);
+    return cPtr == global::System.IntPtr.Zero ? null : new Transducer(global::Velarion.Interop.NativeHandle.Borrow(cPtr, swigCPtr));
   }
 
 // The raw (count, element) forms read `count` elements from where the one
@@ -128,24 +94,11 @@ struct Transducer {
   }
 %typemap(csout, excode=SWIGEXCODE) bool erase {
     bool ret = $imcall;$excode
-    if (ret) ++version;
+    if (ret) swigHandle.CloseBorrowers();
     return ret;
   }
 
 %typemap(cscode) TransducerContainer %{
-  // Counts the changes that may move elements.
-  private int version;
-
-  internal bool StillLends(int lentVersion) =>
-      lentVersion == version && swigCPtr.Handle != global::System.IntPtr.Zero;
-
-  private Transducer Lend(global::System.IntPtr element) {
-    Transducer lent = new Transducer(element, false);
-    lent.container = this;
-    lent.containerVersion = version;
-    return lent;
-  }
-
   /// <summary>A container of copies of <paramref name="elements"/>.</summary>
   public TransducerContainer(Transducer[] elements) : this(Create(Copy(elements)), true) {
   }
@@ -160,9 +113,9 @@ struct Transducer {
     bool inserted;
     fixed (Element* first = copies) {
       inserted = velarionPINVOKE.TransducerContainer_insert(swigCPtr, position, (uint)copies.Length,
-          new global::System.Runtime.InteropServices.HandleRef(null, (global::System.IntPtr)first));
+          global::Velarion.Interop.NativeHandle.Unowned((global::System.IntPtr)first));
     }
-    if (inserted) ++version;
+    if (inserted) swigHandle.CloseBorrowers();
     return inserted;
   }
 
@@ -175,7 +128,7 @@ struct Transducer {
   private static unsafe global::System.IntPtr Create(Element[] copies) {
     fixed (Element* first = copies) {
       return velarionPINVOKE.new_TransducerContainer__SWIG_1((uint)copies.Length,
-          new global::System.Runtime.InteropServices.HandleRef(null, (global::System.IntPtr)first));
+          global::Velarion.Interop.NativeHandle.Unowned((global::System.IntPtr)first));
     }
   }
 
@@ -185,7 +138,6 @@ struct Transducer {
     for (int i = 0; i < elements.Length; ++i) {
       Transducer element = elements[i];
       if (element == null) throw new global::System.ArgumentException($"element {i} is null", nameof(elements));
-      element.CheckLent();
       global::System.IntPtr native = Transducer.getCPtr(element).Handle;
       if (native == global::System.IntPtr.Zero) throw new global::System.ObjectDisposedException(nameof(Transducer));
       copies[i] = *(Element*)native;

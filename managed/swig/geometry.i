@@ -3,11 +3,6 @@ namespace Velarion {
 
 %rename(NVector3) Vector3;
 
-// Set on a vector or matrix that points into another object (a record's
-// field, a transform's origin or basis): the owner stays reachable while it is.
-%typemap(cscode) Vector3, Matrix3x3 %{
-  internal object owner;
-%}
 %rename(operator_plus) Vector3::operator+;
 %rename(operator_minus) Vector3::operator-;
 %rename(operator_multiply) Vector3::operator*;
@@ -159,13 +154,6 @@ struct Matrix4x4 {
 // The origin reference is internal; the managed side wraps it.
 %rename(origin_internal) Transform::origin;
 
-// References into the transform keep it reachable.
-%typemap(csout, excode=SWIGEXCODE) const Matrix3x3& basis, const Vector3& origin {
-    $csclassname ret = new $csclassname($imcall, false);$excode
-    ret.owner = this;
-    return ret;
-  }
-
 struct Transform {
   Transform(Matrix3x3 basis, Vector3 origin);
   Transform(Matrix3x3 basis);
@@ -187,7 +175,6 @@ struct Transform {
 };
 
 %clear double element[ANY];
-%clear const Matrix3x3& basis, const Vector3& origin;
 
 // Free operators: overloads are numbered across the whole module in the order
 // they are declared here (operator_multiply__SWIG_0 ... __SWIG_8).

@@ -2,11 +2,6 @@
 // nanoseconds or by the product), and time points it only ever borrows.
 namespace Velarion {
 
-// Set on a host time borrowed from an emitter: the emitter stays reachable.
-%typemap(cscode) HostDuration, HostTimePoint %{
-  internal object owner;
-%}
-
 struct HostDuration {
   %immutable;
   long long seconds;

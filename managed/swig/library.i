@@ -16,9 +16,7 @@ class LoggingExternalInterface;
   }
 %}
 
-// The _internal members are wrapped by friendlier C# in managed/Velarion.
-// The raw logging interface is not handed out: it would not keep the library
-// (nor the callbacks installed through it) reachable.
+// The _internal members are wrapped by friendlier C# in managed/VelarionSharp.
 %rename(getDeviceInfoByIdentifier_internal) VelarionLibrary::getDeviceInfoByIdentifier;
 %rename(getLoggingInterface_internal) VelarionLibrary::getLoggingInterface;
 %csmethodmodifiers VelarionLibrary::getLoggingInterface "internal";
@@ -34,44 +32,24 @@ class LoggingExternalInterface;
     return getDeviceInfoByIdentifier_internal(identifier);
   }
 
-  // The interface lives inside this library object, so the proxy holds on to
-  // the library: the collector cannot free it while the interface is in use.
+  // Borrowed from this library object: disposed with it.
   public LoggingExternalInterface getLoggingInterface() {
-    LoggingExternalInterface logging = getLoggingInterface_internal();
-    logging.library = this;
-    return logging;
+    return getLoggingInterface_internal();
   }
 
-  // The device library keeps only the native pointer of each installed log
-  // callback: the managed wrapper is held here, per level, until replaced.
-  private global::System.Collections.Generic.Dictionary<uint, LoggingCallbackWrapper> loggingCallbacks =
-      new global::System.Collections.Generic.Dictionary<uint, LoggingCallbackWrapper>();
-
-  internal void KeepLoggingCallback(uint level, LoggingCallbackWrapper wrapper) {
-    lock (loggingCallbacks) {
-      if (wrapper == null) loggingCallbacks.Remove(level);
-      else loggingCallbacks[level] = wrapper;
-    }
-  }
-
+  // The installed log callbacks are kept by this object's handle, per level;
+  // a move hands them to the new object with the native registrations.
   [global::System.ThreadStatic]
-  private static global::System.Collections.Generic.Dictionary<uint, LoggingCallbackWrapper> movingCallbacks;
+  private static global::Velarion.Interop.NativeHandle movingFrom;
 
   private static VelarionLibrary MovingFrom(VelarionLibrary other) {
-    if (other != null) {
-      lock (other.loggingCallbacks) {
-        movingCallbacks = other.loggingCallbacks;
-        other.loggingCallbacks = new global::System.Collections.Generic.Dictionary<uint, LoggingCallbackWrapper>();
-      }
-    }
+    movingFrom = other?.SwigHandle;
     return other;
   }
 
   private void AdoptMovedLoggingCallbacks() {
-    if (movingCallbacks != null) {
-      loggingCallbacks = movingCallbacks;
-      movingCallbacks = null;
-    }
+    movingFrom?.MoveKeptTo(swigHandle);
+    movingFrom = null;
   }
 %}
 

@@ -35,17 +35,14 @@ namespace Velarion {
 // Only ever reached through the library object that owns it.
 %nodefaultctor LoggingExternalInterface;
 
-// Set by VelarionLibrary.getLoggingInterface(): the owner, kept reachable.
-%typemap(cscode) LoggingExternalInterface %{
-  internal VelarionLibrary library;
-%}
-
 // The device library keeps only the wrapper's native pointer: once installed,
-// the library proxy holds the wrapper, so dropping it cannot free the native
-// object the next log line is delivered to.
+// the library object this interface lives in holds the wrapper (native object
+// and managed proxy) until another one is installed for the level, or until
+// the native library is gone. Disposing an installed callback only stops it
+// being called.
 %typemap(csout, excode=SWIGEXCODE) bool setManagedLoggingCallback {
     bool ret = $imcall;$excode
-    if (ret) library?.KeepLoggingCallback(level, wrapper);
+    if (ret) swigHandle.Root.Keep(level, wrapper?.SwigHandle, wrapper);
     return ret;
   }
 

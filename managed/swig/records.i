@@ -3,16 +3,6 @@
 // Constructor overloads are declared in the order that numbers them.
 namespace Velarion {
 
-// The position and direction fields are vectors inside the record: each
-// keeps the record reachable.
-%typemap(csvarout, excode=SWIGEXCODE2) Vector3* position, Vector3* direction %{
-    get {
-      global::System.IntPtr cPtr = $imcall;$excode
-      $csclassname ret = new $csclassname(cPtr, false);
-      ret.owner = this;
-      return ret;
-    } %}
-
 struct ControlPointBase {
   Vector3 position;
   Vector3 direction;
@@ -37,8 +27,6 @@ struct ControlPointBase {
   void setPhaseAngle(float angle);
   void autoPhaseAngle();
 };
-
-%clear Vector3* position, Vector3* direction;
 
 struct ControlPointPersistentBase : ControlPointBase {
   ControlPointPersistentBase(const ControlPointBase& base);

@@ -65,39 +65,29 @@ namespace TimePointStreaming {
     char* buffer "$csinput"
 
 // The device library keeps only the native pointer of the installed wrapper:
-// the proxy holds the managed object too, so neither it nor its director
-// delegates are collected while the emitter may call back.
+// the emitter's handle holds the wrapper (native object and managed proxy)
+// from the moment it is installed until another one is, or until the native
+// emitter is gone. Disposing an installed callback only stops it being called.
 %typemap(csout, excode=SWIGEXCODE) bool setManagedEmissionCallback {
     bool ret = $imcall;$excode
-    if (ret) installedEmissionCallback = wrapper;
-    return ret;
-  }
-
-// Host times borrowed from the emitter keep it reachable.
-%typemap(csout, excode=SWIGEXCODE) const HostDuration& getManagedSamplingInterval,
-    const HostTimePoint& getManagedLastSampleTime {
-    $csclassname ret = new $csclassname($imcall, false);$excode
-    ret.owner = this;
+    if (ret) swigHandle.Keep(InstalledCallbackKey, wrapper?.SwigHandle, wrapper);
     return ret;
   }
 
 %typemap(cscode) Emitter %{
-  private EmissionCallbackWrapper installedEmissionCallback;
+  private static readonly object InstalledCallbackKey = new object();
 
   [global::System.ThreadStatic]
-  private static EmissionCallbackWrapper movingEmissionCallback;
+  private static global::Velarion.Interop.NativeHandle movingFrom;
 
   private static TimePointStreamingEmitter MovingFrom(TimePointStreamingEmitter other) {
-    if (other != null) {
-      movingEmissionCallback = other.installedEmissionCallback;
-      other.installedEmissionCallback = null;
-    }
+    movingFrom = other?.SwigHandle;
     return other;
   }
 
   private void AdoptMovedEmissionCallback() {
-    installedEmissionCallback = movingEmissionCallback;
-    movingEmissionCallback = null;
+    movingFrom?.MoveKeptTo(swigHandle);
+    movingFrom = null;
   }
 
   public string getExtendedOption(string name) {
@@ -159,7 +149,6 @@ class Emitter {
 };
 
 %clear char* buffer;
-%clear const HostDuration& getManagedSamplingInterval, const HostTimePoint& getManagedLastSampleTime;
 %clear bool setManagedEmissionCallback;
 
 }  // namespace TimePointStreaming
