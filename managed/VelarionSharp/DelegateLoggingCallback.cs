@@ -1,18 +1,24 @@
 using System;
+using Velarion.Interop;
 
 namespace Velarion
 {
     /// <summary>
     /// Delivers the device library's log lines into a .NET delegate. Install it
-    /// per level with <c>LoggingExternalInterface.setManagedLoggingCallback</c>;
-    /// the library object keeps it reachable until another callback (or null)
-    /// is installed for that level. Do not dispose it while it is installed:
-    /// the device library holds only the native pointer.
+    /// per level with <c>LoggingExternalInterface.setManagedLoggingCallback</c>.
     /// </summary>
     /// <remarks>
-    /// The delegate runs on whatever thread the device library logs from. An
-    /// exception it throws is caught here, never unwinding into native frames,
-    /// and reported through <see cref="HandlerFailed"/> (or standard error).
+    /// <para>The delegate runs on whatever thread the device library logs from.
+    /// An exception it throws is caught here, never unwinding into native
+    /// frames, and reported through <see cref="HandlerFailed"/> (or standard
+    /// error).</para>
+    /// <para>Lifetime: the library object the interface belongs to keeps an
+    /// installed callback (managed object and native part) until another
+    /// callback, or null, is installed for that level, or until the library is
+    /// disposed. Dispose may be called at any time and from any thread, even
+    /// from inside the handler: from then on no line reaches the delegate, and
+    /// the native part is freed once the device library can no longer call
+    /// it.</para>
     /// </remarks>
     public sealed class DelegateLoggingCallback : LoggingCallbackWrapper
     {
@@ -22,10 +28,19 @@ namespace Velarion
         public DelegateLoggingCallback(Action<string, uint, uint, string> handler)
         {
             this.handler = handler ?? throw new ArgumentNullException(nameof(handler));
+            DirectorEntries.ConnectLogging(this);
         }
 
+        /// <summary>Raised, on the logging thread, with each exception the handler threw.</summary>
         public event Action<Exception> HandlerFailed;
 
+        // From the device library: nothing more once disposed.
+        internal void Deliver(string message, uint level, uint sequence, string area)
+        {
+            if (!SwigHandle.IsClosed) callback(message, level, sequence, area);
+        }
+
+        /// <summary>Runs the handler, catching what it throws. The device library calls it.</summary>
         public override void callback(string message, uint first_number, uint second_number, string second_text)
         {
             try

@@ -1,6 +1,7 @@
 using System;
 using System.Reflection;
 using System.Runtime.InteropServices;
+using Velarion.Interop;
 
 namespace Velarion
 {
@@ -58,32 +59,37 @@ namespace Velarion
 
     /// <summary>
     /// The application's side of time-point streaming: override
-    /// <see cref="OnEmission"/> to fill in each output interval. Do not dispose
-    /// it while it is installed in an emitter: the device library holds only the
-    /// native pointer. (The emitter object keeps it reachable until another
-    /// callback, or null, is installed.)
+    /// <see cref="OnEmission"/> to fill in each output interval.
     /// </summary>
     /// <remarks>
-    /// <see cref="OnEmission"/> runs on the device library's emission thread.
-    /// An exception it throws is caught here, never unwinding into native
-    /// frames: the interval's answer is dropped (nothing of it is written back)
-    /// and the exception is reported through <see cref="EmissionFailed"/> (or
-    /// standard error when nobody listens). The same holds for
-    /// <see cref="OnIsSuspended"/> and <see cref="OnSetSuspended"/> when the
-    /// device library calls them; a failed <see cref="OnIsSuspended"/> counts
-    /// as the native flag's answer.
+    /// <para><see cref="OnEmission"/> runs on the device library's emission
+    /// thread. An exception it throws is caught here, never unwinding into
+    /// native frames: the interval's answer is dropped (nothing of it is
+    /// written back) and the exception is reported through
+    /// <see cref="EmissionFailed"/>. Without a handler, failures go to standard
+    /// error: the first with its stack trace, then at most one line a second
+    /// with the count since the last line and the first message among them.
+    /// The same holds for <see cref="OnIsSuspended"/> and
+    /// <see cref="OnSetSuspended"/> when the device library calls them; a failed
+    /// <see cref="OnIsSuspended"/> counts as the native flag's answer.</para>
+    /// <para>Lifetime: the emitter keeps an installed callback (the managed
+    /// object and its native part) until another callback, or null, is
+    /// installed, or until the emitter is disposed. Dispose may be called at any
+    /// time, from any thread, in any order with the emitter, even from inside
+    /// <see cref="OnEmission"/>: from then on the callback is no longer entered
+    /// (intervals are left as the device library made them), and its native
+    /// part is freed once the device library can no longer call it.</para>
     /// </remarks>
     public abstract class EmissionCallback : EmissionCallbackWrapper
     {
-        // The device library's calls enter through these, and only these.
-        private readonly SwigDelegateEmissionCallbackWrapper_0 setSuspendedEntry;
-        private readonly SwigDelegateEmissionCallbackWrapper_1 isSuspendedEntry;
-        private readonly SwigDelegateEmissionCallbackWrapper_2 callbackEntry;
+        private readonly FailureReport failures = new FailureReport();
 
+        /// <summary>A callback for any emitter.</summary>
         protected EmissionCallback() : this(IntPtr.Zero)
         {
         }
 
+        /// <summary>A callback that names the emitter it serves (kept, not used, by the device library).</summary>
         protected EmissionCallback(TimePointStreamingEmitter emitter)
             : this(TimePointStreamingEmitter.getCPtr(emitter).Handle)
         {
@@ -91,16 +97,12 @@ namespace Velarion
 
         private EmissionCallback(IntPtr emitter) : base(emitter)
         {
-            // The base connected every override it found, the sealed ones here
-            // included. Connect again: the suspension methods only when a
-            // subclass overrides them, so that otherwise the flag stays native
-            // and an interval costs no extra managed call, and each one through
-            // a guard that keeps exceptions out of the emission thread.
-            callbackEntry = callback;
-            if (Overrides(nameof(OnSetSuspended), typeof(bool))) setSuspendedEntry = SetSuspendedFromNative;
-            if (Overrides(nameof(OnIsSuspended))) isSuspendedEntry = IsSuspendedFromNative;
-            velarion_timepointstreamingPINVOKE.EmissionCallbackWrapper_director_connect(
-                getCPtr(this), setSuspendedEntry, isSuspendedEntry, callbackEntry);
+            // Every entry goes through a guard that keeps exceptions out of the
+            // emission thread; the suspension methods only when overridden, so
+            // that otherwise the flag stays native and an interval costs no
+            // extra managed call.
+            DirectorEntries.ConnectEmission(this, Overrides(nameof(OnSetSuspended), typeof(bool)),
+                                            Overrides(nameof(OnIsSuspended)));
         }
 
         /// <summary>
@@ -113,8 +115,18 @@ namespace Velarion
             set => setSuspended(value);
         }
 
+        /// <summary>
+        /// Raised, on the emission thread, with each exception an override threw
+        /// when the device library called it. While it has handlers, nothing is
+        /// written to standard error.
+        /// </summary>
         public event Action<Exception> EmissionFailed;
 
+        /// <summary>
+        /// Fills in one output interval; runs on the emission thread. Set
+        /// <see cref="EmissionControlPointRecord.Modified"/> on each record to be
+        /// written back.
+        /// </summary>
         protected abstract void OnEmission(EmissionInterval interval);
 
         /// <summary>
@@ -122,18 +134,21 @@ namespace Velarion
         /// default the native flag that <see cref="OnSetSuspended"/> stores.
         /// </summary>
         protected virtual bool OnIsSuspended() =>
-            velarion_timepointstreamingPINVOKE.EmissionCallbackWrapper_isSuspendedSwigExplicitEmissionCallbackWrapper(getCPtr(this));
+            velarion_timepointstreamingPINVOKE.EmissionCallbackWrapper_isSuspendedSwigExplicitEmissionCallbackWrapper(swigCPtr);
 
         /// <summary>By default stores the native flag.</summary>
         protected virtual void OnSetSuspended(bool suspended) =>
-            velarion_timepointstreamingPINVOKE.EmissionCallbackWrapper_setSuspendedSwigExplicitEmissionCallbackWrapper(getCPtr(this), suspended);
+            velarion_timepointstreamingPINVOKE.EmissionCallbackWrapper_setSuspendedSwigExplicitEmissionCallbackWrapper(swigCPtr, suspended);
 
+        /// <summary>Same as <see cref="Suspended"/>.</summary>
         public sealed override bool isSuspended() => OnIsSuspended();
 
+        /// <summary>Same as setting <see cref="Suspended"/>.</summary>
         public sealed override void setSuspended(bool suspended) => OnSetSuspended(suspended);
 
-        private bool IsSuspendedFromNative()
+        internal bool IsSuspendedFromNative()
         {
+            if (SwigHandle.IsClosed) return false;
             try
             {
                 return OnIsSuspended();
@@ -141,12 +156,13 @@ namespace Velarion
             catch (Exception e)
             {
                 Report(e, "suspension query");
-                return velarion_timepointstreamingPINVOKE.EmissionCallbackWrapper_isSuspendedSwigExplicitEmissionCallbackWrapper(getCPtr(this));
+                return velarion_timepointstreamingPINVOKE.EmissionCallbackWrapper_isSuspendedSwigExplicitEmissionCallbackWrapper(SwigHandle);
             }
         }
 
-        private void SetSuspendedFromNative(bool suspended)
+        internal void SetSuspendedFromNative(bool suspended)
         {
+            if (SwigHandle.IsClosed) return;
             try
             {
                 OnSetSuspended(suspended);
@@ -164,13 +180,15 @@ namespace Velarion
                 && method.GetBaseDefinition().DeclaringType == typeof(EmissionCallback);
         }
 
+        internal FailureReport Failures => failures;
+
         private void Report(Exception e, string what)
         {
             var failed = EmissionFailed;
             try
             {
                 if (failed != null) failed(e);
-                else Console.Error.WriteLine($"Velarion: emission {what} failed: {e}");
+                else failures.Add(e, what);
             }
             catch (Exception)
             {
@@ -178,6 +196,18 @@ namespace Velarion
             }
         }
 
+        // From the device library: nothing more once disposed.
+        internal void Deliver(uint timepointCount, uint controlpointCount, uint controlpointStride,
+                              IntPtr callbackTime, IntPtr timepoints, IntPtr controlpoints)
+        {
+            if (!SwigHandle.IsClosed)
+                callback(timepointCount, controlpointCount, controlpointStride, callbackTime, timepoints, controlpoints);
+        }
+
+        /// <summary>
+        /// Hands one interval to <see cref="OnEmission"/>, catching what it
+        /// throws. The device library calls it; applications need not.
+        /// </summary>
         public sealed override unsafe void callback(uint timepointCount, uint controlpointCount, uint controlpointStride,
                                                     IntPtr callbackTime, IntPtr timepoints, IntPtr controlpoints)
         {
@@ -203,24 +233,69 @@ namespace Velarion
         }
     }
 
-    /// <summary>The handler of a <see cref="DelegateEmissionCallback"/>.</summary>
+    // Failures nobody listens for: the first in full, then at most one line a
+    // second with the count since the last line and the first message among them.
+    internal sealed class FailureReport
+    {
+        internal static readonly long Second = System.Diagnostics.Stopwatch.Frequency;
+
+        // Replaceable by tests.
+        internal Func<long> Clock = System.Diagnostics.Stopwatch.GetTimestamp;
+        internal System.IO.TextWriter Output;
+
+        private bool reportedFirst;
+        private long lastLine;
+        private int count;
+        private string firstMessage;
+
+        internal void Add(Exception e, string what)
+        {
+            string line = null;
+            lock (this)
+            {
+                long now = Clock();
+                if (!reportedFirst)
+                {
+                    reportedFirst = true;
+                    lastLine = now;
+                    line = $"Velarion: emission {what} failed (further failures: one line a second at most): {e}";
+                }
+                else
+                {
+                    if (count++ == 0) firstMessage = $"{e.GetType().Name}: {e.Message}";
+                    if (now - lastLine >= Second)
+                    {
+                        line = $"Velarion: emission callback failed {count} more time{(count == 1 ? "" : "s")}; the first: {firstMessage}";
+                        lastLine = now;
+                        count = 0;
+                    }
+                }
+            }
+            if (line != null) (Output ?? Console.Error).WriteLine(line);
+        }
+    }
+
+    /// <summary>The handler of a <see cref="DelegateEmissionCallback"/>: fills in one interval.</summary>
     public delegate void EmissionHandler(EmissionInterval interval);
 
-    /// <summary>Fills each output interval with a delegate.</summary>
+    /// <summary>Fills each output interval with a delegate (on the emission thread).</summary>
     public sealed class DelegateEmissionCallback : EmissionCallback
     {
         private readonly EmissionHandler handler;
 
+        /// <summary>A callback for any emitter that runs <paramref name="handler"/>.</summary>
         public DelegateEmissionCallback(EmissionHandler handler)
         {
             this.handler = handler ?? throw new ArgumentNullException(nameof(handler));
         }
 
+        /// <summary>A callback for <paramref name="emitter"/> that runs <paramref name="handler"/>.</summary>
         public DelegateEmissionCallback(TimePointStreamingEmitter emitter, EmissionHandler handler) : base(emitter)
         {
             this.handler = handler ?? throw new ArgumentNullException(nameof(handler));
         }
 
+        /// <inheritdoc/>
         protected override void OnEmission(EmissionInterval interval) => handler(interval);
     }
 }

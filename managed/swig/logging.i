@@ -19,6 +19,11 @@
 %csmethodmodifiers LoggingCallbackWrapper::LoggingCallbackWrapper "internal";
 %csmethodmodifiers LoggingCallbackWrapper::callback "public abstract";
 %typemap(csout) void callback ";"
+// SWIG's own connection hands native code instance delegates; the subclass
+// connects static entries instead (Interop/DirectorEntries.cs).
+%typemap(csconstruct, excode=SWIGEXCODE, directorconnect="") LoggingCallbackWrapper %{: this($imcall, true) {$excode
+  }
+%}
 
 class LoggingCallbackWrapper {
  public:

@@ -20,6 +20,11 @@
 %csmethodmodifiers EmissionCallbackWrapper::EmissionCallbackWrapper "internal";
 %csmethodmodifiers EmissionCallbackWrapper::callback "public abstract";
 %typemap(csout) void callback ";"
+// SWIG's own connection hands native code instance delegates; the subclass
+// connects static entries instead (Interop/DirectorEntries.cs).
+%typemap(csconstruct, excode=SWIGEXCODE, directorconnect="") EmissionCallbackWrapper %{: this($imcall, true) {$excode
+  }
+%}
 
 class EmissionCallbackWrapper {
  public:

@@ -20,6 +20,7 @@ namespace Velarion.Interop
         internal static readonly NativeHandle Null = new NativeHandle(IntPtr.Zero, null, null, null);
 
         private readonly Action<IntPtr> release;
+        private Action<IntPtr, Action<IntPtr>> releaseThrough;
         private readonly NativeHandle owner;
         private readonly string leakName;
         private List<WeakReference<NativeHandle>> borrowers;
@@ -54,6 +55,12 @@ namespace Velarion.Interop
         // reference held for the call.
         public static implicit operator HandleRef(NativeHandle handle) =>
             new HandleRef(handle, handle.handle);
+
+        /// <summary>
+        /// Frees through <paramref name="through"/>, which is handed the
+        /// pointer and the release to run (now or later).
+        /// </summary>
+        internal void SetRelease(Action<IntPtr, Action<IntPtr>> through) => releaseThrough = through;
 
         /// <summary>The handle this one is (ultimately) borrowed from, or itself.</summary>
         internal NativeHandle Root => owner == null ? this : owner.Root;
@@ -194,7 +201,11 @@ namespace Velarion.Interop
         {
             try
             {
-                release?.Invoke(handle);
+                if (release != null)
+                {
+                    if (releaseThrough != null) releaseThrough(handle, release);
+                    else release(handle);
+                }
             }
             finally
             {
