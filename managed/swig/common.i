@@ -122,3 +122,60 @@
       global::System.IntPtr cPtr = $imcall;$excode
       return cPtr == global::System.IntPtr.Zero ? null : new $&csclassname(global::Velarion.Interop.NativeHandle.Borrow(cPtr, swigCPtr));
     } %}
+
+// --- Failures and strings from native code -------------------------------------
+// VELARION_MODULE_RUNTIME goes in each module's own file (an imported module's
+// pragmas are not applied). Registered by each module's PINVOKE class before its first export runs (SWIG
+// gives the class a static constructor, so its static fields are set up first). The
+// entries themselves are shared: Interop/NativeErrors.cs, Interop/NativeStrings.cs.
+%define VELARION_MODULE_RUNTIME
+%pragma(csharp) imclasscode=%{
+  [global::System.Runtime.InteropServices.DllImport("$dllimport", EntryPoint="SWIGRegisterExceptionCallbacks_$module")]
+  private static extern void SWIGRegisterExceptionCallbacks_$module(
+      global::Velarion.Interop.NativeErrors.Raise application, global::Velarion.Interop.NativeErrors.Raise arithmetic,
+      global::Velarion.Interop.NativeErrors.Raise divideByZero, global::Velarion.Interop.NativeErrors.Raise indexOutOfRange,
+      global::Velarion.Interop.NativeErrors.Raise invalidCast, global::Velarion.Interop.NativeErrors.Raise invalidOperation,
+      global::Velarion.Interop.NativeErrors.Raise io, global::Velarion.Interop.NativeErrors.Raise nullReference,
+      global::Velarion.Interop.NativeErrors.Raise outOfMemory, global::Velarion.Interop.NativeErrors.Raise overflow,
+      global::Velarion.Interop.NativeErrors.Raise system);
+
+  [global::System.Runtime.InteropServices.DllImport("$dllimport", EntryPoint="SWIGRegisterExceptionArgumentCallbacks_$module")]
+  private static extern void SWIGRegisterExceptionArgumentCallbacks_$module(
+      global::Velarion.Interop.NativeErrors.RaiseArgument argument,
+      global::Velarion.Interop.NativeErrors.RaiseArgument argumentNull,
+      global::Velarion.Interop.NativeErrors.RaiseArgument argumentOutOfRange);
+
+  [global::System.Runtime.InteropServices.DllImport("$dllimport", EntryPoint="SWIGRegisterStringCallback_$module")]
+  private static extern void SWIGRegisterStringCallback_$module(global::Velarion.Interop.NativeStrings.Make make);
+
+  private static readonly bool swigRegistered = SwigRegister();
+
+  private static bool SwigRegister() {
+    var e = global::Velarion.Interop.NativeErrors.Entries;
+    SWIGRegisterExceptionCallbacks_$module(e.Application, e.Arithmetic, e.DivideByZero, e.IndexOutOfRange,
+        e.InvalidCast, e.InvalidOperation, e.IO, e.NullReference, e.OutOfMemory, e.Overflow, e.System);
+    SWIGRegisterExceptionArgumentCallbacks_$module(e.Argument, e.ArgumentNull, e.ArgumentOutOfRange);
+    SWIGRegisterStringCallback_$module(global::Velarion.Interop.NativeStrings.Entry);
+    return true;
+  }
+
+  // The generated members check for a failure after each call.
+  internal static class SWIGPendingException {
+    internal static bool Pending => global::Velarion.Interop.NativeErrors.Pending;
+    internal static global::System.Exception Retrieve() => global::Velarion.Interop.NativeErrors.Retrieve();
+  }
+%}
+%enddef
+
+// Strings come back as the string callback made them: already decoded, once
+// (Interop/NativeStrings.cs).
+%typemap(imtype, out="global::System.IntPtr") char *, char[ANY], char[], std::string, const std::string & "string"
+%typemap(csout, excode=SWIGEXCODE) char *, char[ANY], char[], std::string, const std::string & {
+    string ret = global::Velarion.Interop.NativeStrings.Take($imcall);$excode
+    return ret;
+  }
+%typemap(csvarout, excode=SWIGEXCODE2) char *, char[ANY], char[], std::string, const std::string & %{
+    get {
+      string ret = global::Velarion.Interop.NativeStrings.Take($imcall);$excode
+      return ret;
+    } %}

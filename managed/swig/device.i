@@ -9,6 +9,12 @@
 %csconst(0) VL_SDK_BUILD_DATE;
 %csconst(0) VL_SDK_PLATFORM_NAME;
 %csconst(0) VL_SDK_VARIANT;
+// The text constants come back through the string callback like any string.
+%csconstvalue("global::Velarion.Interop.NativeStrings.Take(velarionPINVOKE.VL_SDK_VERSION_get())") VL_SDK_VERSION;
+%csconstvalue("global::Velarion.Interop.NativeStrings.Take(velarionPINVOKE.VL_SDK_VERSION_LONG_get())") VL_SDK_VERSION_LONG;
+%csconstvalue("global::Velarion.Interop.NativeStrings.Take(velarionPINVOKE.VL_SDK_BUILD_DATE_get())") VL_SDK_BUILD_DATE;
+%csconstvalue("global::Velarion.Interop.NativeStrings.Take(velarionPINVOKE.VL_SDK_PLATFORM_NAME_get())") VL_SDK_PLATFORM_NAME;
+%csconstvalue("global::Velarion.Interop.NativeStrings.Take(velarionPINVOKE.VL_SDK_VARIANT_get())") VL_SDK_VARIANT;
 %csconst(0) VL_SDK_VERSION_MAJOR;
 %csconst(0) VL_SDK_VERSION_MINOR;
 %csconst(0) VL_SDK_VERSION_PATCH;

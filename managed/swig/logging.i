@@ -2,13 +2,13 @@
 // subclass of LoggingCallbackWrapper.
 %feature("director") LoggingCallbackWrapper;
 
-// The native director hands each text over as a fresh native copy made by the
-// string callback, which nobody else frees: the delegate takes the pointer,
-// reads it once and frees it (LoggingText.Take), so a log line leaks nothing.
+// The native director hands each text over as the string callback made it, a
+// handle to a managed string that nobody else releases: the entry takes it
+// (NativeStrings.Take), so a log line leaks nothing.
 %typemap(imtype) const char* LOG_TEXT "global::System.IntPtr"
 %typemap(cstype) const char* LOG_TEXT "string"
 %typemap(csin) const char* LOG_TEXT "$csinput"
-%typemap(csdirectorin) const char* LOG_TEXT "LoggingText.Take($iminput)"
+%typemap(csdirectorin) const char* LOG_TEXT "global::Velarion.Interop.NativeStrings.Take($iminput)"
 %apply const char* LOG_TEXT { const char* message, const char* second_text }
 
 // Abstract in C# as natively: without an override of `callback` the first log

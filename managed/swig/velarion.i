@@ -12,3 +12,5 @@
 %include "library.i"
 %include "records.i"
 %include "hosttime.i"
+
+VELARION_MODULE_RUNTIME

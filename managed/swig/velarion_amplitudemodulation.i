@@ -5,3 +5,5 @@
 %import "velarion.i"
 %include "common.i"
 %include "amplitude_modulation.i"
+
+VELARION_MODULE_RUNTIME

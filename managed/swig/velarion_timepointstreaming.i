@@ -5,3 +5,5 @@
 %import "velarion.i"
 %include "common.i"
 %include "timepoint_streaming.i"
+
+VELARION_MODULE_RUNTIME

@@ -204,8 +204,8 @@ namespace Velarion.Interop
             try
             {
                 // The texts are ours to free, whoever reads them.
-                string text = LoggingText.Take(message);
-                string areaText = LoggingText.Take(area);
+                string text = NativeStrings.Take(message);
+                string areaText = NativeStrings.Take(area);
                 (logSlots.Target(slot) as DelegateLoggingCallback)?.Deliver(text, level, sequence, areaText);
             }
             finally
