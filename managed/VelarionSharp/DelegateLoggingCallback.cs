@@ -37,7 +37,7 @@ namespace Velarion
         // From the device library: nothing more once disposed.
         internal void Deliver(string message, uint level, uint sequence, string area)
         {
-            if (!SwigHandle.IsClosed) callback(message, level, sequence, area);
+            if (!SwigHandle.IsDisposed) callback(message, level, sequence, area);
         }
 
         /// <summary>Runs the handler, catching what it throws. The device library calls it.</summary>

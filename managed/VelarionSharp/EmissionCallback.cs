@@ -148,7 +148,7 @@ namespace Velarion
 
         internal bool IsSuspendedFromNative()
         {
-            if (SwigHandle.IsClosed) return false;
+            if (SwigHandle.IsDisposed) return false;
             try
             {
                 return OnIsSuspended();
@@ -162,7 +162,7 @@ namespace Velarion
 
         internal void SetSuspendedFromNative(bool suspended)
         {
-            if (SwigHandle.IsClosed) return;
+            if (SwigHandle.IsDisposed) return;
             try
             {
                 OnSetSuspended(suspended);
@@ -200,7 +200,7 @@ namespace Velarion
         internal void Deliver(uint timepointCount, uint controlpointCount, uint controlpointStride,
                               IntPtr callbackTime, IntPtr timepoints, IntPtr controlpoints)
         {
-            if (!SwigHandle.IsClosed)
+            if (!SwigHandle.IsDisposed)
                 callback(timepointCount, controlpointCount, controlpointStride, callbackTime, timepoints, controlpoints);
         }
 

@@ -38,7 +38,7 @@
   internal global::Velarion.Interop.NativeHandle swigCPtr {
     get {
       var handle = swigHandle;
-      if (handle.IsClosed) throw global::Velarion.Interop.NativeHandle.Disposed(this);
+      if (handle.IsDisposed) throw global::Velarion.Interop.NativeHandle.Disposed(this);
       return handle;
     }
   }

@@ -26,6 +26,7 @@ namespace Velarion.Interop
         private List<WeakReference<NativeHandle>> borrowers;
         private int pruneAt = 16;
         private Dictionary<object, Kept> kept;
+        private int disposed;
 
         // Something installed into the native object that it may call: held
         // until replaced, or until the native object is gone.
@@ -50,6 +51,12 @@ namespace Velarion.Interop
         internal IntPtr Handle => handle;
 
         internal bool IsOwned => release != null;
+
+        /// <summary>
+        /// Disposed (or released): refused to callers. The native object may
+        /// live on while something the device library uses holds a reference.
+        /// </summary>
+        internal bool IsDisposed => Volatile.Read(ref disposed) != 0 || IsClosed;
 
         // For imports that still take a HandleRef: the pointer, with no
         // reference held for the call.
@@ -76,6 +83,7 @@ namespace Velarion.Interop
         internal static NativeHandle Borrowed(IntPtr pointer, NativeHandle owner)
         {
             if (owner == null || owner.IsInvalid || pointer == IntPtr.Zero) return Unowned(pointer);
+            if (owner.IsDisposed) throw new ObjectDisposedException(null, "The object to borrow from has been disposed.");
             bool added = false;
             owner.DangerousAddRef(ref added);
             var borrowed = new NativeHandle(pointer, null, owner, null);
@@ -193,6 +201,7 @@ namespace Velarion.Interop
         {
             // Reached from the finalizer: nobody disposed an object this handle owns.
             if (!disposing && leakName != null) HandleLeaks.Record(leakName);
+            Volatile.Write(ref disposed, 1);
             base.Dispose(disposing);
             if (disposing) CloseBorrowers();
         }
