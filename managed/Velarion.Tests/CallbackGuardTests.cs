@@ -2,6 +2,7 @@ using System;
 using System.Collections.Concurrent;
 using System.Collections.Generic;
 using System.IO;
+using System.Linq;
 using System.Reflection;
 using System.Runtime.CompilerServices;
 using Velarion.Emulation;
@@ -154,6 +155,69 @@ namespace Velarion.Tests
             Assert.True(moved.setManagedEmissionCallback(null));
             Collect();
             Assert.False(installed.IsAlive);
+        }
+
+        private sealed class Suspendable : EmissionCallback
+        {
+            protected override void OnEmission(EmissionInterval interval) { }
+            protected override bool OnIsSuspended() => false;
+            protected override void OnSetSuspended(bool suspended) { }
+        }
+
+        [Fact]
+        public void EveryDelegateHandedToNativeCodeIsAMarkedStaticMethod()
+        {
+            // IL2CPP and NativeAOT cannot call instance delegates from native code.
+            using var log = new DelegateLoggingCallback((_, _, _, _) => { });
+            using var emission = new Suspendable();
+            using (new ControlPointCollection()) { }  // registers the other modules
+            var registered = Velarion.Interop.NativeCallbacks.Registered;
+            Assert.True(registered.Length >= 14 + 1 + 4, $"{registered.Length} registered");
+            Assert.All(registered, d =>
+            {
+                Assert.True(d.Method.IsStatic, d.Method.Name);
+                var marked = d.Method.GetCustomAttribute<Velarion.Interop.MonoPInvokeCallbackAttribute>();
+                Assert.True(marked != null && marked.Type == d.GetType(), d.Method.Name);
+            });
+
+            // And no import takes a delegate of a type that is not registered that way.
+            var kinds = new HashSet<Type>(Array.ConvertAll(registered, d => d.GetType()));
+            var imports = typeof(NVector3).Assembly.GetTypes()
+                .SelectMany(t => t.GetMethods(BindingFlags.Static | BindingFlags.Public | BindingFlags.NonPublic))
+                .Where(m => m.GetCustomAttribute<System.Runtime.InteropServices.DllImportAttribute>() != null);
+            foreach (var import in imports)
+            foreach (var parameter in import.GetParameters().Where(p => typeof(Delegate).IsAssignableFrom(p.ParameterType)))
+                Assert.True(kinds.Contains(parameter.ParameterType), $"{import.Name}({parameter.ParameterType.Name})");
+        }
+
+        [Fact]
+        public void FailuresNobodyListensForAreReportedOnceASecondWithACount()
+        {
+            using var stepped = new SteppedStreaming();
+            int thrown = 0;
+            using var callback = new DelegateEmissionCallback(_ => throw new InvalidOperationException($"bug {++thrown}"));
+            long now = 0;
+            var output = new StringWriter();
+            callback.Failures.Clock = () => now;
+            callback.Failures.Output = output;
+            Assert.True(stepped.Emitter.setManagedEmissionCallback(callback));
+
+            stepped.Step(First, Spacing, 2, 1);  // the first in full, with its stack trace
+            for (int i = 0; i < 200; ++i) stepped.Step(First, Spacing, 2, 1);
+            now += Velarion.FailureReport.Second / 2;
+            stepped.Step(First, Spacing, 2, 1);
+            now += Velarion.FailureReport.Second / 2;
+            stepped.Step(First, Spacing, 2, 1);  // a second since the last line
+            stepped.Step(First, Spacing, 2, 1);
+
+            var lines = output.ToString().Split(Environment.NewLine, StringSplitOptions.RemoveEmptyEntries)
+                .Where(l => l.StartsWith("Velarion:")).ToArray();
+            Assert.Equal(2, lines.Length);
+            Assert.Contains("bug 1", lines[0]);
+            Assert.Contains(" at ", output.ToString().Split("Velarion:")[1]);
+            Assert.Equal("Velarion: emission callback failed 202 more times; the first: InvalidOperationException: bug 2", lines[1]);
+            Assert.DoesNotContain(" at ", lines[1]);
+            stepped.Emitter.setManagedEmissionCallback(null);
         }
     }
 }
