@@ -1,0 +1,122 @@
+using System;
+using System.Collections.Concurrent;
+using System.Threading;
+using Microsoft.Extensions.Logging;
+
+namespace Velarion.Extensions.Logging
+{
+    /// <summary>Routes the device library's log into Microsoft.Extensions.Logging.</summary>
+    public static class VelarionLoggingExtensions
+    {
+        /// <summary>The prefix of every category: a line from the device library's "Alignment" area logs as "Velarion.Alignment".</summary>
+        public const string CategoryPrefix = "Velarion.";
+
+        /// <summary>
+        /// Routes every log level of <paramref name="library"/> into loggers made
+        /// by <paramref name="factory"/>, one category per area of the device
+        /// library (<see cref="CategoryPrefix"/> + area). While routed, the device
+        /// library's own output is switched off, so that no line appears twice.
+        /// </summary>
+        /// <param name="library">The library whose log to route; it keeps the routing's callbacks.</param>
+        /// <param name="factory">Makes the loggers; called once per area.</param>
+        /// <param name="restore">
+        /// Sets the device library's own destination back when the routing is
+        /// disposed; by default standard error, the device library's default.
+        /// </param>
+        /// <returns>The routing: dispose it to stop routing and restore the device library's output.</returns>
+        /// <remarks>Lines arrive on whatever thread the device library logs from.</remarks>
+        public static VelarionLogRoute RouteLogTo(this VelarionLibrary library, ILoggerFactory factory,
+                                                  Action<LoggingExternalInterface> restore = null)
+        {
+            if (factory == null) throw new ArgumentNullException(nameof(factory));
+            return new VelarionLogRoute(library, area => factory.CreateLogger(CategoryPrefix + area), restore);
+        }
+
+        /// <summary>
+        /// Routes every log level of <paramref name="library"/> into one
+        /// <paramref name="logger"/>; otherwise as
+        /// <see cref="RouteLogTo(VelarionLibrary, ILoggerFactory, Action{LoggingExternalInterface})"/>.
+        /// </summary>
+        public static VelarionLogRoute RouteLogTo(this VelarionLibrary library, ILogger logger,
+                                                  Action<LoggingExternalInterface> restore = null)
+        {
+            if (logger == null) throw new ArgumentNullException(nameof(logger));
+            return new VelarionLogRoute(library, _ => logger, restore);
+        }
+
+        /// <summary>The .NET level of a device library level (1 error … 5 trace).</summary>
+        public static LogLevel ToLogLevel(uint level) => level switch
+        {
+            1 => LogLevel.Error,
+            2 => LogLevel.Warning,
+            3 => LogLevel.Information,
+            4 => LogLevel.Debug,
+            _ => LogLevel.Trace,
+        };
+    }
+
+    /// <summary>
+    /// The device library's log routed into loggers; see
+    /// <see cref="VelarionLoggingExtensions.RouteLogTo(VelarionLibrary, ILoggerFactory, Action{LoggingExternalInterface})"/>.
+    /// </summary>
+    public sealed class VelarionLogRoute : IDisposable
+    {
+        private const uint FirstLevel = 1, LastLevel = 5;
+
+        private readonly LoggingExternalInterface logging;
+        private readonly Func<string, ILogger> loggerFor;
+        private readonly Action<LoggingExternalInterface> restore;
+        private readonly ConcurrentDictionary<string, ILogger> loggers = new ConcurrentDictionary<string, ILogger>();
+        private readonly DelegateLoggingCallback callback;
+        private int disposed;
+
+        internal VelarionLogRoute(VelarionLibrary library, Func<string, ILogger> loggerFor,
+                                  Action<LoggingExternalInterface> restore)
+        {
+            if (library == null) throw new ArgumentNullException(nameof(library));
+            this.loggerFor = loggerFor;
+            this.restore = restore ?? (l => l.redirectLoggingToStdErr());
+            logging = library.getLoggingInterface();
+            callback = new DelegateLoggingCallback(Deliver);
+            for (uint level = FirstLevel; level <= LastLevel; ++level) logging.setManagedLoggingCallback(level, callback);
+            logging.redirectLoggingToNull();
+        }
+
+        /// <summary>Raised with each exception a logger threw; such a line is lost, the others still arrive.</summary>
+        public event Action<Exception> LoggerFailed
+        {
+            add => callback.HandlerFailed += value;
+            remove => callback.HandlerFailed -= value;
+        }
+
+        private void Deliver(string message, uint level, uint sequence, string area)
+        {
+            var logger = loggers.GetOrAdd(area ?? string.Empty, loggerFor);
+            var logLevel = VelarionLoggingExtensions.ToLogLevel(level);
+            if (!logger.IsEnabled(logLevel)) return;
+            logger.Log(logLevel, new EventId(unchecked((int)sequence)), message, null, (text, _) => text);
+        }
+
+        /// <summary>
+        /// Uninstalls the routing's callbacks and restores the device library's
+        /// own output. Nothing happens when the library was disposed first.
+        /// </summary>
+        public void Dispose()
+        {
+            if (Interlocked.Exchange(ref disposed, 1) != 0) return;
+            try
+            {
+                for (uint level = FirstLevel; level <= LastLevel; ++level) logging.setManagedLoggingCallback(level, null);
+                restore(logging);
+            }
+            catch (ObjectDisposedException)
+            {
+                // The library went first, and its log with it.
+            }
+            finally
+            {
+                callback.Dispose();
+            }
+        }
+    }
+}
