@@ -58,7 +58,7 @@ namespace Velarion.Tests
                     points.add(right);
                 }
                 Assert.Equal(2u, points.length());
-                Assert.True(emitter.update(points));
+                Assert.True(emitter.Update(points));
                 Assert.Equal(256u, VelarionEmulator_AmplitudeModulation_transducerCount(A16));
 
                 AssertPeak(-0.03f, 0.0f, 0.15f);
@@ -70,7 +70,7 @@ namespace Velarion.Tests
                 using (var single = new AmplitudeModulationControlPoint(0.0f, -0.02f, 0.2f, 1.0f))
                 {
                     Assert.Equal(125.0f, single.getFrequency());
-                    Assert.True(emitter.update(single));
+                    Assert.True(emitter.Update(single));
                 }
                 AssertPeak(0.0f, -0.02f, 0.2f);
                 Assert.True(Pressure(0.0f, -0.02f, 0.2f) > 5.0f * Pressure(-0.03f, 0.0f, 0.15f));

@@ -44,13 +44,14 @@ namespace Velarion.Extensions.Logging
             return new VelarionLogRoute(library, _ => logger, restore);
         }
 
-        /// <summary>The .NET level of a device library level (1 error … 5 trace).</summary>
-        public static LogLevel ToLogLevel(uint level) => level switch
+        /// <summary>The .NET level of a device library level.</summary>
+        public static LogLevel ToLogLevel(this DeviceLogLevel level) => level switch
         {
-            1 => LogLevel.Error,
-            2 => LogLevel.Warning,
-            3 => LogLevel.Information,
-            4 => LogLevel.Debug,
+            DeviceLogLevel.Off => LogLevel.None,
+            DeviceLogLevel.Error => LogLevel.Error,
+            DeviceLogLevel.Warning => LogLevel.Warning,
+            DeviceLogLevel.Info => LogLevel.Information,
+            DeviceLogLevel.Debug => LogLevel.Debug,
             _ => LogLevel.Trace,
         };
     }
@@ -61,8 +62,6 @@ namespace Velarion.Extensions.Logging
     /// </summary>
     public sealed class VelarionLogRoute : IDisposable
     {
-        private const uint FirstLevel = 1, LastLevel = 5;
-
         private readonly LoggingExternalInterface logging;
         private readonly Func<string, ILogger> loggerFor;
         private readonly Action<LoggingExternalInterface> restore;
@@ -75,12 +74,14 @@ namespace Velarion.Extensions.Logging
         {
             if (library == null) throw new ArgumentNullException(nameof(library));
             this.loggerFor = loggerFor;
-            this.restore = restore ?? (l => l.redirectLoggingToStdErr());
-            logging = library.getLoggingInterface();
+            this.restore = restore ?? RestoreStandardError;
+            logging = library.Logging;
             callback = new DelegateLoggingCallback(Deliver);
-            for (uint level = FirstLevel; level <= LastLevel; ++level) logging.setManagedLoggingCallback(level, callback);
-            logging.redirectLoggingToNull();
+            for (var level = DeviceLogLevel.Error; level <= DeviceLogLevel.Trace; ++level) logging.SetCallback(level, callback);
+            logging.RedirectToNull();
         }
+
+        private static void RestoreStandardError(LoggingExternalInterface logging) => logging.RedirectToStandardError();
 
         /// <summary>Raised with each exception a logger threw; such a line is lost, the others still arrive.</summary>
         public event Action<Exception> LoggerFailed
@@ -92,7 +93,7 @@ namespace Velarion.Extensions.Logging
         private void Deliver(string message, uint level, uint sequence, string area)
         {
             var logger = loggers.GetOrAdd(area ?? string.Empty, loggerFor);
-            var logLevel = VelarionLoggingExtensions.ToLogLevel(level);
+            var logLevel = ((DeviceLogLevel)level).ToLogLevel();
             if (!logger.IsEnabled(logLevel)) return;
             logger.Log(logLevel, new EventId(unchecked((int)sequence)), message, null, (text, _) => text);
         }
@@ -106,7 +107,7 @@ namespace Velarion.Extensions.Logging
             if (Interlocked.Exchange(ref disposed, 1) != 0) return;
             try
             {
-                for (uint level = FirstLevel; level <= LastLevel; ++level) logging.setManagedLoggingCallback(level, null);
+                for (var level = DeviceLogLevel.Error; level <= DeviceLogLevel.Trace; ++level) logging.SetCallback(level, null);
                 restore(logging);
             }
             catch (ObjectDisposedException)

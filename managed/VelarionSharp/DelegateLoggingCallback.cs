@@ -40,8 +40,8 @@ namespace Velarion
             if (!SwigHandle.IsDisposed) callback(message, level, sequence, area);
         }
 
-        /// <summary>Runs the handler, catching what it throws. The device library calls it.</summary>
-        public override void callback(string message, uint first_number, uint second_number, string second_text)
+        // Runs the handler, catching what it throws.
+        internal override void callback(string message, uint first_number, uint second_number, string second_text)
         {
             try
             {

@@ -140,11 +140,9 @@ namespace Velarion
         protected virtual void OnSetSuspended(bool suspended) =>
             velarion_timepointstreamingPINVOKE.EmissionCallbackWrapper_setSuspendedSwigExplicitEmissionCallbackWrapper(swigCPtr, suspended);
 
-        /// <summary>Same as <see cref="Suspended"/>.</summary>
-        public sealed override bool isSuspended() => OnIsSuspended();
+        internal sealed override bool isSuspended() => OnIsSuspended();
 
-        /// <summary>Same as setting <see cref="Suspended"/>.</summary>
-        public sealed override void setSuspended(bool suspended) => OnSetSuspended(suspended);
+        internal sealed override void setSuspended(bool suspended) => OnSetSuspended(suspended);
 
         internal bool IsSuspendedFromNative()
         {
@@ -204,11 +202,8 @@ namespace Velarion
                 callback(timepointCount, controlpointCount, controlpointStride, callbackTime, timepoints, controlpoints);
         }
 
-        /// <summary>
-        /// Hands one interval to <see cref="OnEmission"/>, catching what it
-        /// throws. The device library calls it; applications need not.
-        /// </summary>
-        public sealed override unsafe void callback(uint timepointCount, uint controlpointCount, uint controlpointStride,
+        // Hands one interval to OnEmission, catching what it throws.
+        internal sealed override unsafe void callback(uint timepointCount, uint controlpointCount, uint controlpointStride,
                                                     IntPtr callbackTime, IntPtr timepoints, IntPtr controlpoints)
         {
             var records = Span<EmissionControlPointRecord>.Empty;

@@ -1,5 +1,8 @@
 // Amplitude modulation: control points, the collection handed to the emitter
 // in one call, and the emitter.
+
+// Generated members are internal here; see common.i.
+VELARION_INTERNAL_MEMBERS
 %include <arrays_csharp.i>
 
 // Read through its export rather than compiled into the C#.
@@ -10,6 +13,10 @@ namespace Velarion {
 namespace AmplitudeModulation {
 
 %rename(AmplitudeModulationControlPoint) ControlPoint;
+%typemap(csclassmodifiers) ControlPoint, ControlPointCollection, Emitter "public partial class"
+%csmethodmodifiers ControlPoint::ControlPoint "public";
+%csmethodmodifiers ControlPointCollection::ControlPointCollection "public";
+%csmethodmodifiers Emitter::Emitter "public";
 
 // The shortened forms default the modulation frequency to 125 Hz.
 class ControlPoint {
@@ -86,20 +93,11 @@ class ControlPointCollection {
     char* buffer "$csinput"
 
 %typemap(cscode) Emitter %{
-  // Emits the collection's points until the next update.
-  public bool update(ControlPointCollection points) {
+  internal bool update(ControlPointCollection points) {
     return update_internal(points);
   }
 
-  // Emits these points until the next update.
-  public bool update(params AmplitudeModulationControlPoint[] points) {
-    using (var collection = new ControlPointCollection()) {
-      foreach (var point in points) collection.add(point);
-      return update_internal(collection);
-    }
-  }
-
-  public string getExtendedOption(string name) {
+  internal string getExtendedOption(string name) {
     return getManagedExtendedOption(name);
   }
 %}
@@ -155,3 +153,5 @@ class Emitter {
 
 }  // namespace AmplitudeModulation
 }  // namespace Velarion
+
+VELARION_PUBLIC_MEMBERS

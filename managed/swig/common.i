@@ -179,3 +179,14 @@
       string ret = global::Velarion.Interop.NativeStrings.Take($imcall);$excode
       return ret;
     } %}
+
+// --- The .NET surface -------------------------------------------------------------
+// The generated members keep SWIG's names, which fix their entry points, and
+// are internal between these two macros; hand-written partial classes
+// (managed/VelarionSharp) make the public surface from them.
+%define VELARION_INTERNAL_MEMBERS
+%feature("cs:methodmodifiers", "internal");
+%enddef
+%define VELARION_PUBLIC_MEMBERS
+%feature("cs:methodmodifiers", "");
+%enddef

@@ -3,6 +3,9 @@
 //
 // StringList and DeviceInfoList (lists.i) are declared before this file, so
 // the gatherers below return them rather than opaque pointers.
+
+// Generated members are internal here; see common.i.
+VELARION_INTERNAL_MEMBERS
 namespace Velarion {
 
 class LoggingExternalInterface;
@@ -19,7 +22,8 @@ class LoggingExternalInterface;
 // The _internal members are wrapped by friendlier C# in managed/VelarionSharp.
 %rename(getDeviceInfoByIdentifier_internal) VelarionLibrary::getDeviceInfoByIdentifier;
 %rename(getLoggingInterface_internal) VelarionLibrary::getLoggingInterface;
-%csmethodmodifiers VelarionLibrary::getLoggingInterface "internal";
+%typemap(csclassmodifiers) VelarionLibrary "public partial class"
+%csmethodmodifiers VelarionLibrary::VelarionLibrary "public";
 
 // The caller's byte buffer is filled in place; (null, 0) asks for the size.
 // The device library trusts `size`, so it may not exceed the buffer.
@@ -28,12 +32,12 @@ class LoggingExternalInterface;
     char* buffer "$csinput"
 
 %typemap(cscode) VelarionLibrary %{
-  public DeviceInfo getDeviceInfoByIdentifier(string identifier) {
+  internal DeviceInfo getDeviceInfoByIdentifier(string identifier) {
     return getDeviceInfoByIdentifier_internal(identifier);
   }
 
   // Borrowed from this library object: disposed with it.
-  public LoggingExternalInterface getLoggingInterface() {
+  internal LoggingExternalInterface getLoggingInterface() {
     return getLoggingInterface_internal();
   }
 
@@ -80,3 +84,5 @@ class VelarionLibrary {
 %clear char* buffer;
 
 }  // namespace Velarion
+
+VELARION_PUBLIC_MEMBERS

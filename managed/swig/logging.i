@@ -1,5 +1,8 @@
 // The device library's log: level, redirection, and delivery into a managed
 // subclass of LoggingCallbackWrapper.
+
+// Generated members are internal here; see common.i.
+VELARION_INTERNAL_MEMBERS
 %feature("director") LoggingCallbackWrapper;
 
 // The native director hands each text over as the string callback made it, a
@@ -17,7 +20,7 @@
 // keeps a throwing handler from unwinding into that thread as well.
 %typemap(csclassmodifiers) LoggingCallbackWrapper "public abstract class"
 %csmethodmodifiers LoggingCallbackWrapper::LoggingCallbackWrapper "internal";
-%csmethodmodifiers LoggingCallbackWrapper::callback "public abstract";
+%csmethodmodifiers LoggingCallbackWrapper::callback "internal abstract";
 %typemap(csout) void callback ";"
 // SWIG's own connection hands native code instance delegates; the subclass
 // connects static entries instead (Interop/DirectorEntries.cs).
@@ -39,6 +42,7 @@ namespace Velarion {
 
 // Only ever reached through the library object that owns it.
 %nodefaultctor LoggingExternalInterface;
+%typemap(csclassmodifiers) LoggingExternalInterface "public partial class"
 
 // The device library keeps only the wrapper's native pointer: once installed,
 // the library object this interface lives in holds the wrapper (native object
@@ -66,3 +70,5 @@ class LoggingExternalInterface {
 };
 
 }  // namespace Velarion
+
+VELARION_PUBLIC_MEMBERS

@@ -1,7 +1,14 @@
 // Plain control point records: position, direction, intensity and the
 // (disabled) phase angle, and the persistent variant with an identifier.
 // Constructor overloads are declared in the order that numbers them.
+
+// Generated members are internal here; see common.i.
+VELARION_INTERNAL_MEMBERS
 namespace Velarion {
+
+%typemap(csclassmodifiers) ControlPointBase, ControlPointPersistentBase "public partial class"
+%csmethodmodifiers ControlPointBase::ControlPointBase "public";
+%csmethodmodifiers ControlPointPersistentBase::ControlPointPersistentBase "public";
 
 struct ControlPointBase {
   Vector3 position;
@@ -41,3 +48,5 @@ struct ControlPointPersistentBase : ControlPointBase {
 };
 
 }  // namespace Velarion
+
+VELARION_PUBLIC_MEMBERS

@@ -4,6 +4,9 @@
 // The arrays handed to `callback` cross as raw addresses: the hand-written
 // EmissionCallback (managed/Velarion) turns them into spans of blittable
 // structs, so no proxy object is made per time point or record.
+
+// Generated members are internal here; see common.i.
+VELARION_INTERNAL_MEMBERS
 %feature("director") EmissionCallbackWrapper;
 
 %apply void *VOID_INT_PTR {
@@ -18,7 +21,10 @@
 // exceptions of the application's overrides out of that thread as well.
 %typemap(csclassmodifiers) EmissionCallbackWrapper "public abstract class"
 %csmethodmodifiers EmissionCallbackWrapper::EmissionCallbackWrapper "internal";
-%csmethodmodifiers EmissionCallbackWrapper::callback "public abstract";
+%csmethodmodifiers EmissionCallbackWrapper::callback "internal abstract";
+%csmethodmodifiers EmissionCallbackWrapper::setSuspended "internal virtual";
+%csmethodmodifiers EmissionCallbackWrapper::isSuspended "internal virtual";
+%csmethodmodifiers EmissionCallbackWrapper::emitter "internal";
 %typemap(csout) void callback ";"
 // SWIG's own connection hands native code instance delegates; the subclass
 // connects static entries instead (Interop/DirectorEntries.cs).
@@ -51,6 +57,8 @@ namespace Velarion {
 namespace TimePointStreaming {
 
 %rename(TimePointStreamingEmitter) Emitter;
+%typemap(csclassmodifiers) Emitter "public partial class"
+%csmethodmodifiers Emitter::Emitter "public";
 
 // A moved-from emitter stays with its managed owner, which still disposes it.
 // Its installed emission callback moves with the native registration: the new
@@ -95,13 +103,9 @@ namespace TimePointStreaming {
     movingFrom = null;
   }
 
-  public string getExtendedOption(string name) {
+  internal string getExtendedOption(string name) {
     return getManagedExtendedOption(name);
   }
-
-  // Borrowed from the emitter: valid while it lives.
-  public HostDuration SamplingInterval => getManagedSamplingInterval();
-  public HostTimePoint LastSampleTime => getManagedLastSampleTime();
 %}
 
 class Emitter {
@@ -158,3 +162,5 @@ class Emitter {
 
 }  // namespace TimePointStreaming
 }  // namespace Velarion
+
+VELARION_PUBLIC_MEMBERS

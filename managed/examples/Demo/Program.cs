@@ -48,20 +48,20 @@ namespace Velarion.Demo
         {
             Console.WriteLine("== Amplitude modulation ==");
             using var library = new VelarionLibrary();
-            using var identifiers = library.getManagedDeviceIdentifiers();
+            var identifiers = library.DeviceIdentifiers;
             Console.WriteLine($"devices: {string.Join(", ", identifiers)}");
             using var placement = new Transform();
             using var emitter = new AmplitudeModulationEmitter(identifiers[0], placement);
-            Console.WriteLine($"emitter on {identifiers[0]}: connected {emitter.isConnected()}, " +
-                              $"{emitter.getSampleRate()} Hz of {emitter.getSampleRateLimit()} Hz, " +
-                              $"up to {emitter.getMaximumControlPointLimit()} points, " +
-                              $"speed of sound {emitter.getExtendedOption("speedOfSound")} m/s");
+            Console.WriteLine($"emitter on {identifiers[0]}: connected {emitter.IsConnected}, " +
+                              $"{emitter.SampleRate} Hz of {emitter.SampleRateLimit} Hz, " +
+                              $"up to {emitter.MaximumControlPointLimit} points, " +
+                              $"speed of sound {emitter.GetExtendedOption("speedOfSound")} m/s");
             using var points = new ControlPointCollection();
             using (var point = new AmplitudeModulationControlPoint(0.0f, 0.0f, 0.2f, 1.0f, 200.0f))
             {
-                points.add(point);
+                points.Add(point);
             }
-            Console.WriteLine($"update with {points.length()} point at (0, 0, 0.2) m, 200 Hz: {emitter.update(points)}");
+            Console.WriteLine($"update with {points.Count} point at (0, 0, 0.2) m, 200 Hz: {emitter.Update(points)}");
             // The emulator renders the point in real time; watch the field it
             // makes for one second (the 200 Hz envelope swings it up and down).
             float focusPeak = 0f, besidePeak = 0f;
@@ -73,7 +73,7 @@ namespace Velarion.Demo
                 System.Threading.Thread.Sleep(3);
             }
             Console.WriteLine($"rendered for 1 s; peak pressure at the point: {focusPeak:0} Pa, 2 cm beside it: {besidePeak:0} Pa");
-            Console.WriteLine($"stop: {emitter.stop()}");
+            Console.WriteLine($"stop: {emitter.Stop()}");
             Console.WriteLine();
         }
 
@@ -85,7 +85,7 @@ namespace Velarion.Demo
         {
             Console.WriteLine("== Devices ==");
             using var library = new VelarionLibrary();
-            using var infos = library.getManagedDeviceInfos();
+            using var infos = library.GetDeviceInfos();
             Console.WriteLine($"{"identifier",-16} {"model",-6} {"serial",-9} {"firmware",-9} {"array (mm)",-11} {"elements",8}  features");
             foreach (var info in infos)
             {
@@ -93,7 +93,7 @@ namespace Velarion.Demo
                 using (var layout = info.getTransducerConfiguration())
                 {
                     string identifier = info.getDeviceIdentifier();
-                    string state = library.isDeviceConnected(identifier) ? "" : "  (disconnected)";
+                    string state = library.IsDeviceConnected(identifier) ? "" : "  (disconnected)";
                     Console.WriteLine($"{identifier,-16} {info.getModelIdentifier(),-6} {info.getSerialNumber(),-9} " +
                                       $"{info.getFirmwareVersion(),-9} {$"{info.arrayWidth() * 1000:0} x {info.arrayDepth() * 1000:0}",-11} " +
                                       $"{layout.size(),8}  {info.getSupportedFeatures()}{state}");
@@ -117,10 +117,10 @@ namespace Velarion.Demo
                 if (area == "TimePointStreaming") Console.WriteLine($"  [log] {message}");
             });
             using var library = new VelarionLibrary();
-            var logging = library.getLoggingInterface();
-            for (uint level = 1; level <= 3; ++level) logging.setManagedLoggingCallback(level, log);
+            var logging = library.Logging;
+            for (uint level = 1; level <= 3; ++level) logging.SetCallback((DeviceLogLevel)level, log);
 
-            using var identifiers = library.getManagedDeviceIdentifiers();
+            var identifiers = library.DeviceIdentifiers;
             using var placement = new Transform();
             using var emitter = new TimePointStreamingEmitter(identifiers[0], placement);
             // Every time point gets the circle's position at that very time.
@@ -135,13 +135,13 @@ namespace Velarion.Demo
                     point.Modified = true;
                 }
             });
-            Console.WriteLine($"emitter on {identifiers[0]}: {emitter.getSampleRate()} Hz (limit {emitter.getSampleRateLimit()} Hz), " +
-                              $"{emitter.getMaximumControlPointCount()} of {emitter.getMaximumControlPointLimit()} control points, " +
+            Console.WriteLine($"emitter on {identifiers[0]}: {emitter.SampleRate} Hz (limit {emitter.SampleRateLimit} Hz), " +
+                              $"{emitter.MaximumControlPointCount} of {emitter.MaximumControlPointLimit} control points, " +
                               $"sampling interval {emitter.SamplingInterval.nanoseconds()} ns");
             Console.WriteLine($"a circle of {CircleRadius * 100:0} cm radius, {CircleFrequency:0} turns a second, " +
                               $"{CircleHeight * 100:0} cm above the array");
-            emitter.setManagedEmissionCallback(callback);
-            if (!emitter.start())
+            emitter.SetEmissionCallback(callback);
+            if (!emitter.Start())
             {
                 Console.WriteLine("the emitter could not start");
                 return;
@@ -165,8 +165,8 @@ namespace Velarion.Demo
                 }
             }
             if (live) Console.WriteLine();
-            emitter.stop();
-            emitter.setManagedEmissionCallback(null);
+            emitter.Stop();
+            emitter.SetEmissionCallback(null);
 
             var s = Emulation.EmulatedEmission.Statistics(emitter);
             Console.WriteLine($"intervals: {s.Intervals} ({(double)s.TimePoints / Math.Max(1UL, s.Intervals):0} time points each)");
@@ -179,9 +179,9 @@ namespace Velarion.Demo
 
             string picture = System.IO.Path.GetFullPath("streamed-circle.svg");
             System.IO.File.WriteAllText(picture, PathPicture(Emulation.EmulatedEmission.Samples(emitter),
-                                                             emitter.arrayWidth(), emitter.arrayDepth()));
+                                                             emitter.ArrayWidth, emitter.ArrayDepth));
             Console.WriteLine($"the emitted path is drawn in {picture}");
-            for (uint level = 1; level <= 3; ++level) logging.setManagedLoggingCallback(level, null);
+            for (uint level = 1; level <= 3; ++level) logging.SetCallback((DeviceLogLevel)level, null);
             Console.WriteLine();
         }
 
