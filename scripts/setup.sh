@@ -9,6 +9,8 @@ command -v g++ >/dev/null 2>&1 || missing+=(g++)
 command -v make >/dev/null 2>&1 || missing+=(make)
 command -v nm >/dev/null 2>&1 || missing+=(binutils)
 command -v swig >/dev/null 2>&1 || missing+=(swig)
+# The C compiler and linker driver of NativeAOT publishing.
+command -v clang >/dev/null 2>&1 || missing+=(clang)
 [ -f /usr/include/gtest/gtest.h ] || missing+=(libgtest-dev)
 [ -f /usr/include/benchmark/benchmark.h ] || missing+=(libbenchmark-dev)
 

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds and runs every test: the native tests, the native tests again under
-# AddressSanitizer + UndefinedBehaviorSanitizer, and the managed tests.
+# AddressSanitizer + UndefinedBehaviorSanitizer, the managed tests, and the
+# streaming example compiled with NativeAOT.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 source scripts/env.sh
@@ -25,6 +26,7 @@ stage "build (asan)" cmake --build --preset asan -j"$jobs"
 stage "native tests under ASan+UBSan" env ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
   ctest --preset asan -j"$jobs"
 stage "managed tests" cmake --build build/default --target managed_test
+stage "NativeAOT streaming" bash scripts/aot.sh
 
 echo
 if [ ${#failed[@]} -gt 0 ]; then

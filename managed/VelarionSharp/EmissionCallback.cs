@@ -80,6 +80,11 @@ namespace Velarion
     /// (intervals are left as the device library made them), and its native
     /// part is freed once the device library can no longer call it.</para>
     /// </remarks>
+#if NET5_0_OR_GREATER
+    // Keeps the overrides Overrides() looks for when trimmed (NativeAOT).
+    [System.Diagnostics.CodeAnalysis.DynamicallyAccessedMembers(
+        System.Diagnostics.CodeAnalysis.DynamicallyAccessedMemberTypes.NonPublicMethods)]
+#endif
     public abstract class EmissionCallback : EmissionCallbackWrapper
     {
         private readonly FailureReport failures = new FailureReport();
