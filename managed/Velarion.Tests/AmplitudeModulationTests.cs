@@ -46,18 +46,18 @@ namespace Velarion.Tests
                 using var library = new VelarionLibrary();
                 using var identity = new Transform();
                 using var emitter = new AmplitudeModulationEmitter(A16, identity);
-                Assert.True(emitter.isConnected());
-                Assert.True(library.isDeviceClaimed(A16));
-                Assert.Equal("343", emitter.getExtendedOption("speedOfSound"));
+                Assert.True(emitter.IsConnected);
+                Assert.True(library.IsDeviceClaimed(A16));
+                Assert.Equal("343", emitter.GetExtendedOption("speedOfSound"));
 
                 using var points = new ControlPointCollection();
                 using (var left = new AmplitudeModulationControlPoint(-0.03f, 0.0f, 0.15f, 0.5f, 200.0f, 0.0f))
                 using (var right = new AmplitudeModulationControlPoint(0.03f, 0.01f, 0.18f, 0.5f, 200.0f, 0.0f))
                 {
-                    points.add(left);
-                    points.add(right);
+                    points.Add(left);
+                    points.Add(right);
                 }
-                Assert.Equal(2u, points.length());
+                Assert.Equal(2, points.Count);
                 Assert.True(emitter.Update(points));
                 Assert.Equal(256u, VelarionEmulator_AmplitudeModulation_transducerCount(A16));
 
@@ -69,13 +69,13 @@ namespace Velarion.Tests
                 // One point replaces the two; the emitter moves its focus there.
                 using (var single = new AmplitudeModulationControlPoint(0.0f, -0.02f, 0.2f, 1.0f))
                 {
-                    Assert.Equal(125.0f, single.getFrequency());
+                    Assert.Equal(125.0f, single.Frequency);
                     Assert.True(emitter.Update(single));
                 }
                 AssertPeak(0.0f, -0.02f, 0.2f);
                 Assert.True(Pressure(0.0f, -0.02f, 0.2f) > 5.0f * Pressure(-0.03f, 0.0f, 0.15f));
 
-                Assert.True(emitter.stop());
+                Assert.True(emitter.Stop());
                 Assert.Equal(0u, VelarionEmulator_AmplitudeModulation_transducerCount(A16));
                 Assert.Equal(0.0f, Pressure(0.0f, -0.02f, 0.2f));
             }
@@ -89,21 +89,23 @@ namespace Velarion.Tests
         public void NullArgumentsAndBadIndicesSurfaceAsDotNetExceptions()
         {
             using var points = new ControlPointCollection();
-            Assert.Throws<ArgumentNullException>(() => points.add(null));
-            Assert.Equal(0u, points.length());
+            Assert.Contains("Velarion::AmplitudeModulation::ControlPoint const & type is null",
+                            Assert.Throws<ArgumentNullException>(() => points.Add(null)).Message);
+            Assert.Equal(0, points.Count);
             using var emitter = new AmplitudeModulationEmitter();
-            var error = Assert.Throws<ArgumentNullException>(() => emitter.update_internal(null));
+            var error = Assert.Throws<ArgumentNullException>(() => emitter.Update((ControlPointCollection)null));
             Assert.Contains("ControlPointCollection const & type is null", error.Message);
             Assert.Throws<ArgumentNullException>(() => new AmplitudeModulationEmitter(A16, null));
 
             // Past the end, get and set fail in managed code before reaching the native ones.
             using var point = new AmplitudeModulationControlPoint(0.01f, 0, 0.2f, 1f);
-            points.add(point);
-            Assert.Equal("index", Assert.Throws<ArgumentOutOfRangeException>(() => points.get(1)).ParamName);
-            Assert.Throws<ArgumentOutOfRangeException>(() => points.set(1, point));
-            using (var stored = points.get(0)) Assert.Equal(0.01f, stored.getPosition().x);
+            points.Add(point);
+            Assert.Equal("index", Assert.Throws<ArgumentOutOfRangeException>(() => points[1]).ParamName);
+            Assert.Throws<ArgumentOutOfRangeException>(() => points[1] = point);
+            using (var stored = points[0])
+            using (var position = stored.Position) Assert.Equal(0.01f, position.x);
             points.remove(7);
-            Assert.Equal(1u, points.length());
+            Assert.Equal(1, points.Count);
         }
     }
 

@@ -59,7 +59,7 @@ namespace Velarion.Tests
             using var callback = new PausingCallback();
             var failures = new List<Exception>();
             callback.EmissionFailed += failures.Add;
-            Assert.True(stepped.Emitter.setManagedEmissionCallback(callback));
+            Assert.True(stepped.Emitter.SetEmissionCallback(callback));
 
             stepped.Step(First, Spacing, 2, 1);
             callback.Paused = true;
@@ -79,7 +79,7 @@ namespace Velarion.Tests
 
             // Called from managed code, the override's exception reaches the caller.
             Assert.Throws<InvalidOperationException>(() => callback.Suspended);
-            stepped.Emitter.setManagedEmissionCallback(null);
+            stepped.Emitter.SetEmissionCallback(null);
         }
 
         private static void Collect()
@@ -96,7 +96,7 @@ namespace Velarion.Tests
             {
                 if (area == "Alignment") lines.Enqueue(message);
             });
-            Assert.True(logging.setManagedLoggingCallback(2, log));
+            Assert.True(logging.SetCallback((DeviceLogLevel)2, log));
             return new WeakReference(log);
         }
 
@@ -118,7 +118,7 @@ namespace Velarion.Tests
             LogAnAlignmentFailure(marker);
             Assert.Contains(lines, line => line.Contains(marker));
 
-            Assert.True(moved.getLoggingInterface().setManagedLoggingCallback(2, null));
+            Assert.True(moved.Logging.SetCallback((DeviceLogLevel)2, null));
             Collect();
             Assert.False(installed.IsAlive);  // released once replaced
             moved.Dispose();
@@ -129,7 +129,7 @@ namespace Velarion.Tests
         private static VelarionLibrary InstallThenMoveTheLibrary(ConcurrentQueue<string> lines, out WeakReference installed)
         {
             var library = new VelarionLibrary();
-            installed = InstallLogWithoutKeepingIt(library.getLoggingInterface(), lines);
+            installed = InstallLogWithoutKeepingIt(library.Logging, lines);
             var moved = new VelarionLibrary(library);
             library.Dispose();
             return moved;
@@ -140,7 +140,7 @@ namespace Velarion.Tests
         {
             var emitter = new TimePointStreamingEmitter();
             var callback = new DelegateEmissionCallback(interval => { });
-            Assert.True(emitter.setManagedEmissionCallback(callback));
+            Assert.True(emitter.SetEmissionCallback(callback));
             installed = new WeakReference(callback);
             var moved = new TimePointStreamingEmitter(emitter);
             emitter.Dispose();
@@ -153,7 +153,7 @@ namespace Velarion.Tests
             using var moved = InstallThenMoveTheEmitter(out var installed);
             Collect();
             Assert.True(installed.IsAlive);
-            Assert.True(moved.setManagedEmissionCallback(null));
+            Assert.True(moved.SetEmissionCallback(null));
             Collect();
             Assert.False(installed.IsAlive);
         }
@@ -201,7 +201,7 @@ namespace Velarion.Tests
             var output = new StringWriter();
             callback.Failures.Clock = () => now;
             callback.Failures.Output = output;
-            Assert.True(stepped.Emitter.setManagedEmissionCallback(callback));
+            Assert.True(stepped.Emitter.SetEmissionCallback(callback));
 
             stepped.Step(First, Spacing, 2, 1);  // the first in full, with its stack trace
             for (int i = 0; i < 200; ++i) stepped.Step(First, Spacing, 2, 1);
@@ -218,7 +218,7 @@ namespace Velarion.Tests
             Assert.Contains(" at ", output.ToString().Split("Velarion:")[1]);
             Assert.Equal("Velarion: emission callback failed 202 more times; the first: InvalidOperationException: bug 2", lines[1]);
             Assert.DoesNotContain(" at ", lines[1]);
-            stepped.Emitter.setManagedEmissionCallback(null);
+            stepped.Emitter.SetEmissionCallback(null);
         }
     }
 }

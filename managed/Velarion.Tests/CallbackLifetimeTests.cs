@@ -46,15 +46,15 @@ namespace Velarion.Tests
             using var placement = new Transform();
             using var emitter = new TimePointStreamingEmitter(A16, placement);
             var installed = new Counting();
-            Assert.True(emitter.setManagedEmissionCallback(installed));
-            Assert.True(emitter.start());
+            Assert.True(emitter.SetEmissionCallback(installed));
+            Assert.True(emitter.Start());
             WaitFor(() => Volatile.Read(ref installed.Calls) >= 5);
 
             // Install a new one, then dispose the old one at once (the advice for replacing).
             for (int round = 0; round < 20; ++round)
             {
                 var next = new Counting();
-                Assert.True(emitter.setManagedEmissionCallback(next));
+                Assert.True(emitter.SetEmissionCallback(next));
                 installed.Dispose();
                 int after = Volatile.Read(ref installed.Calls);
                 WaitFor(() => Volatile.Read(ref next.Calls) >= 2);
@@ -68,7 +68,7 @@ namespace Velarion.Tests
             ulong intervals = Intervals(emitter);
             WaitFor(() => Intervals(emitter) >= intervals + 50);
             Assert.True(Volatile.Read(ref installed.Calls) <= calls + 1, $"{installed.Calls} calls, {calls} at Dispose");
-            Assert.True(emitter.stop());
+            Assert.True(emitter.Stop());
         }
 
         private static void StreamAndLeaveEarly(bool callbackFirst)
@@ -79,16 +79,16 @@ namespace Velarion.Tests
                 // `using` disposes in reverse: the callback goes before the emitter.
                 using var emitter = new TimePointStreamingEmitter(A16, placement);
                 using var callback = new Counting();
-                Assert.True(emitter.setManagedEmissionCallback(callback));
-                Assert.True(emitter.start());
+                Assert.True(emitter.SetEmissionCallback(callback));
+                Assert.True(emitter.Start());
                 WaitFor(() => Volatile.Read(ref callback.Calls) >= 3);
                 return;
             }
             using (var callback = new Counting())
             using (var emitter = new TimePointStreamingEmitter(A16, placement))
             {
-                Assert.True(emitter.setManagedEmissionCallback(callback));
-                Assert.True(emitter.start());
+                Assert.True(emitter.SetEmissionCallback(callback));
+                Assert.True(emitter.Start());
                 WaitFor(() => Volatile.Read(ref callback.Calls) >= 3);
             }
         }
@@ -119,8 +119,8 @@ namespace Velarion.Tests
                         disposed.Set();
                     }
                 };
-                Assert.True(emitter.setManagedEmissionCallback(callback));
-                Assert.True(emitter.start());
+                Assert.True(emitter.SetEmissionCallback(callback));
+                Assert.True(emitter.Start());
                 Assert.True(disposed.Wait(TimeSpan.FromSeconds(20)));
                 AssertDisposedEmitter(emitter);
                 callback.Dispose();
@@ -131,14 +131,14 @@ namespace Velarion.Tests
         }
 
         private static void AssertDisposedEmitter(TimePointStreamingEmitter emitter) =>
-            Assert.Throws<ObjectDisposedException>(() => emitter.isConnected());
+            Assert.Throws<ObjectDisposedException>(() => emitter.IsConnected);
 
         [Fact]
         public void LogCallbacksReplacedAndDisposedWhileTheLibraryLogsFromOtherThreads()
         {
             using var library = new VelarionLibrary();
-            var logging = library.getLoggingInterface();
-            Assert.True(logging.redirectLoggingToNull());
+            var logging = library.Logging;
+            logging.RedirectToNull();
             var delivered = new int[1];
             using var stop = new CancellationTokenSource();
             // Failed alignment loads log a warning on the thread that tries.
@@ -157,7 +157,7 @@ namespace Velarion.Tests
             for (int round = 0; round < 300; ++round)
             {
                 var next = new DelegateLoggingCallback((_, _, _, _) => Interlocked.Increment(ref delivered[0]));
-                Assert.True(logging.setManagedLoggingCallback(2, next));
+                Assert.True(logging.SetCallback((DeviceLogLevel)2, next));
                 previous?.Dispose();
                 previous = next;
                 if (round % 50 == 0) GC.Collect();
@@ -165,7 +165,7 @@ namespace Velarion.Tests
             WaitFor(() => Volatile.Read(ref delivered[0]) > 0);
             stop.Cancel();
             Assert.True(Task.WaitAll(loggers, TimeSpan.FromSeconds(20)));
-            Assert.True(logging.setManagedLoggingCallback(2, null));
+            Assert.True(logging.SetCallback((DeviceLogLevel)2, null));
             previous.Dispose();
         }
     }

@@ -23,7 +23,7 @@ namespace Velarion.Tests
             var vector = new NVector3(1, 2, 3);
             var list = new StringList(new[] { "a" });
             var library = new VelarionLibrary();
-            var info = library.getDeviceInfoByIndex(0);
+            var info = library.GetDeviceInfo(0);
             var emitter = new TimePointStreamingEmitter();
             var callback = new DelegateEmissionCallback(_ => { });
             var log = new DelegateLoggingCallback((_, _, _, _) => { });
@@ -33,7 +33,7 @@ namespace Velarion.Tests
             AssertDisposed("NVector3", () => vector.length());
             AssertDisposed("StringList", () => _ = list.Count);
             AssertDisposed("DeviceInfo", () => info.getDeviceIdentifier());
-            AssertDisposed("TimePointStreamingEmitter", () => emitter.start());
+            AssertDisposed("TimePointStreamingEmitter", () => emitter.Start());
             AssertDisposed("DelegateEmissionCallback", () => _ = callback.Suspended);
 
             // As arguments, the disposed object is named, not reported as a null.
@@ -41,15 +41,15 @@ namespace Velarion.Tests
             AssertDisposed("NVector3", () => other.dot(vector));
             AssertDisposed("DeviceInfo", () => new DeviceInfo(info));
             using var live = new TimePointStreamingEmitter();
-            AssertDisposed("DelegateEmissionCallback", () => live.setManagedEmissionCallback(callback));
-            AssertDisposed("DelegateLoggingCallback", () => library.getLoggingInterface().setManagedLoggingCallback(2, log));
+            AssertDisposed("DelegateEmissionCallback", () => live.SetEmissionCallback(callback));
+            AssertDisposed("DelegateLoggingCallback", () => library.Logging.SetCallback((DeviceLogLevel)2, log));
 
             // A real null still reaches the native check and its text.
             Assert.Contains("Velarion::Vector3 const & type is null",
                             Assert.Throws<ArgumentNullException>(() => other.dot(null)).Message);
 
             library.Dispose();
-            AssertDisposed("VelarionLibrary", () => library.getDeviceCount());
+            AssertDisposed("VelarionLibrary", () => _ = library.DeviceCount);
             foreach (IDisposable d in new IDisposable[] { vector, list, library, info, emitter, callback, log }) d.Dispose();
         }
 
@@ -60,11 +60,11 @@ namespace Velarion.Tests
             var basis = transform.basis();
             var origin = transform.origin_internal();
             var library = new VelarionLibrary();
-            var logging = library.getLoggingInterface();
+            var logging = library.Logging;
             var emitter = new TimePointStreamingEmitter();
             var interval = emitter.SamplingInterval;
             var record = new ControlPointBase(1, 2, 3, 0.5f);
-            var position = record.position;
+            var position = record.Position;
 
             // Disposing a borrowed object leaves its owner alone.
             using (var again = transform.origin_internal()) Assert.Equal(2f, again.y);
@@ -76,13 +76,13 @@ namespace Velarion.Tests
             record.Dispose();
             AssertDisposed("Matrix3x3", () => basis.at(0, 0));
             AssertDisposed("NVector3", () => _ = origin.x);
-            AssertDisposed("LoggingExternalInterface", () => logging.setLogLevel(3));
+            AssertDisposed("LoggingExternalInterface", () => logging.Level = DeviceLogLevel.Info);
             AssertDisposed("HostDuration", () => interval.nanoseconds());
             AssertDisposed("NVector3", () => position.x = 4);
 
             // Nor can one be borrowed from a disposed owner.
             AssertDisposed("Transform", () => transform.basis());
-            AssertDisposed("VelarionLibrary", () => library.getLoggingInterface());
+            AssertDisposed("VelarionLibrary", () => _ = library.Logging);
         }
 
         [Fact]

@@ -80,15 +80,15 @@ namespace Velarion.Tests
             try
             {
                 using var library = new VelarionLibrary();
-                var logging = library.getLoggingInterface();
-                Assert.True(logging.redirectLoggingToFile(file));
+                var logging = library.Logging;
+                Assert.True(logging.RedirectToFile(file));
                 var recorder = new Recorder();
-                using (library.RouteLogTo(recorder, l => l.redirectLoggingToFile(file)))
+                using (library.RouteLogTo(recorder, l => l.RedirectToFile(file)))
                 {
                     FailAnAlignmentLoad("routed");
                 }
                 FailAnAlignmentLoad("restored");
-                Assert.True(logging.redirectLoggingToNull());  // closes the file
+                logging.RedirectToNull();  // closes the file
                 string printed = File.ReadAllText(file);
                 Assert.DoesNotContain("no-such-folder-routed", printed);
                 Assert.Contains("no-such-folder-restored", printed);

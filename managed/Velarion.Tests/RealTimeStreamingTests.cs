@@ -97,20 +97,20 @@ namespace Velarion.Tests
             });
             using var callback = new CircleCallback();
             using var library = new VelarionLibrary();
-            var logging = library.getLoggingInterface();
-            for (uint level = 1; level <= 3; ++level) Assert.True(logging.setManagedLoggingCallback(level, log));
+            var logging = library.Logging;
+            for (uint level = 1; level <= 3; ++level) Assert.True(logging.SetCallback((DeviceLogLevel)level, log));
 
             using (var placement = new Transform())
             using (var emitter = new TimePointStreamingEmitter(A16, placement))
             {
-                Assert.True(emitter.isConnected());
-                Assert.True(library.isDeviceClaimed(A16));
-                Assert.Equal(40000u, emitter.getSampleRate());
-                Assert.Equal(1u, emitter.getMaximumControlPointCount());
-                Assert.True(emitter.setManagedEmissionCallback(callback));
-                Assert.True(emitter.start());
+                Assert.True(emitter.IsConnected);
+                Assert.True(library.IsDeviceClaimed(A16));
+                Assert.Equal(40000, emitter.SampleRate);
+                Assert.Equal(1, emitter.MaximumControlPointCount);
+                Assert.True(emitter.SetEmissionCallback(callback));
+                Assert.True(emitter.Start());
                 WaitFor(() => Volatile.Read(ref callback.Calls) > 0 && callback.TimePoints >= 40_000);
-                Assert.True(emitter.stop());
+                Assert.True(emitter.Stop());
 
                 var statistics = EmulatedEmission.Statistics(emitter);
                 Report(statistics);
@@ -132,7 +132,7 @@ namespace Velarion.Tests
                                 $"{sample.Position} at {sample.TimeNanoseconds} ns, expected {expected}");
                     Assert.Equal(Radius, new Vector2(sample.Position.X, sample.Position.Y).Length(), 5);
                 }
-                emitter.setManagedEmissionCallback(null);
+                emitter.SetEmissionCallback(null);
             }
 
             // The emitter's own thread reported its start and its end into the C# delegate.
@@ -140,7 +140,7 @@ namespace Velarion.Tests
             var stopped = Assert.Single(lines, l => l.Message.StartsWith("Time-point streaming emitter stopped after"));
             Assert.NotEqual(Environment.CurrentManagedThreadId, stopped.Thread);
             foreach (var line in lines.Where(l => l.Level <= 2)) output.WriteLine($"log {line.Level}: {line.Message}");
-            for (uint level = 1; level <= 3; ++level) logging.setManagedLoggingCallback(level, null);
+            for (uint level = 1; level <= 3; ++level) logging.SetCallback((DeviceLogLevel)level, null);
         }
 
         [Fact]
@@ -149,8 +149,8 @@ namespace Velarion.Tests
             using var callback = new CircleCallback();
             using var placement = new Transform();
             using var emitter = new TimePointStreamingEmitter(A16, placement);
-            Assert.True(emitter.setManagedEmissionCallback(callback));
-            Assert.True(emitter.start());
+            Assert.True(emitter.SetEmissionCallback(callback));
+            Assert.True(emitter.Start());
             WaitFor(() => Volatile.Read(ref callback.Calls) >= 20);
 
             callback.Suspended = true;
@@ -158,7 +158,7 @@ namespace Velarion.Tests
             int callsAtSuspension = Volatile.Read(ref callback.Calls) + 1;
             ulong intervalsAtSuspension = EmulatedEmission.Statistics(emitter).Intervals;
             WaitFor(() => EmulatedEmission.Statistics(emitter).Intervals >= intervalsAtSuspension + 50);
-            Assert.True(emitter.stop());
+            Assert.True(emitter.Stop());
             Assert.True(callback.Calls <= callsAtSuspension, $"{callback.Calls} calls while suspended");
             Report(EmulatedEmission.Statistics(emitter));
 
@@ -173,7 +173,7 @@ namespace Velarion.Tests
                 Assert.True(Vector3.Distance(CircleAt(answeredAt), sample.Position) < 1e-6f,
                             $"{sample.Position} at {sample.TimeNanoseconds} ns");
             }
-            emitter.setManagedEmissionCallback(null);
+            emitter.SetEmissionCallback(null);
         }
     }
 }

@@ -50,7 +50,7 @@ namespace Velarion.Tests
                 }
                 interval[0, 0].Intensity = float.NaN;
             });
-            Assert.True(stepped.Emitter.setManagedEmissionCallback(callback));
+            Assert.True(stepped.Emitter.SetEmissionCallback(callback));
 
             stepped.Step(First, Spacing, 4, 3);
 
@@ -74,7 +74,7 @@ namespace Velarion.Tests
             }
             // The last time point's state is what the next interval starts from.
             Assert.Equal(300u, stepped.Persistent(0).CarriedValue);
-            stepped.Emitter.setManagedEmissionCallback(null);
+            stepped.Emitter.SetEmissionCallback(null);
         }
 
         [Fact]
@@ -92,7 +92,7 @@ namespace Velarion.Tests
                     record.Modified = true;
                 }
             });
-            stepped.Emitter.setManagedEmissionCallback(callback);
+            stepped.Emitter.SetEmissionCallback(callback);
             stepped.Step(First, Spacing, 2, 1);
 
             callback.Suspended = true;
@@ -105,7 +105,7 @@ namespace Velarion.Tests
             callback.Suspended = false;
             stepped.Step(First, Spacing, 1, 1);
             Assert.Equal(2, calls);
-            stepped.Emitter.setManagedEmissionCallback(null);
+            stepped.Emitter.SetEmissionCallback(null);
         }
 
         [Fact]
@@ -120,7 +120,7 @@ namespace Velarion.Tests
                 throw new InvalidOperationException("application bug");
             });
             callback.EmissionFailed += failures.Add;
-            stepped.Emitter.setManagedEmissionCallback(callback);
+            stepped.Emitter.SetEmissionCallback(callback);
 
             stepped.Step(First, Spacing, 3, 2);  // returns normally: nothing unwound through native frames
 
@@ -133,10 +133,10 @@ namespace Velarion.Tests
             using var indexing = new DelegateEmissionCallback(interval => { interval[0, interval.ControlPointCount].Modified = true; });
             var indexingFailures = new List<Exception>();
             indexing.EmissionFailed += indexingFailures.Add;
-            stepped.Emitter.setManagedEmissionCallback(indexing);
+            stepped.Emitter.SetEmissionCallback(indexing);
             stepped.Step(First, Spacing, 1, 1);
             Assert.IsType<ArgumentOutOfRangeException>(Assert.Single(indexingFailures));
-            stepped.Emitter.setManagedEmissionCallback(null);
+            stepped.Emitter.SetEmissionCallback(null);
         }
 
         [Fact]
@@ -153,14 +153,14 @@ namespace Velarion.Tests
             Assert.True(installed.IsAlive);
             stepped.Step(First, Spacing, 2, 1);
             Assert.Equal(1, calls);
-            stepped.Emitter.setManagedEmissionCallback(null);
+            stepped.Emitter.SetEmissionCallback(null);
         }
 
         [MethodImpl(MethodImplOptions.NoInlining)]
         private static WeakReference InstallWithoutKeepingIt(TimePointStreamingEmitter emitter, Action called)
         {
             var callback = new DelegateEmissionCallback(interval => called());
-            Assert.True(emitter.setManagedEmissionCallback(callback));
+            Assert.True(emitter.SetEmissionCallback(callback));
             return new WeakReference(callback);
         }
 
@@ -168,13 +168,13 @@ namespace Velarion.Tests
         public void RecordsAndDurationsThroughTheGeneratedClasses()
         {
             using var point = new ControlPointBase(0, 0, 0.2f, 3.5f);
-            Assert.Equal(1f, point.getIntensity());
+            Assert.Equal(1f, point.Intensity);
             point.intensity = 3.5f;
-            Assert.Equal(3.5f, point.getIntensity());
+            Assert.Equal(3.5f, point.Intensity);
             point.phase_angle = 0.3f;
-            Assert.Equal(-1f, point.getPhaseAngle());
+            Assert.Equal(-1f, point.PhaseAngle);
             using var persistent = new ControlPointPersistentBase(7, point);
-            Assert.Equal(7u, persistent.getID());
+            Assert.Equal(7u, persistent.Id);
             Assert.Equal(3.5f, persistent.intensity);
             Assert.Throws<ArgumentNullException>(() => new ControlPointBase(null, 1f));
 

@@ -10,8 +10,7 @@ namespace Velarion
     public partial class AmplitudeModulationEmitter
     {
         /// <summary>Emits the collection's points (copied) until the next update; false when the devices refuse them.</summary>
-        public bool Update(ControlPointCollection points) =>
-            update(points ?? throw new ArgumentNullException(nameof(points)));
+        public bool Update(ControlPointCollection points) => update(points);
 
         /// <summary>Emits these points until the next update; false when the devices refuse them.</summary>
         public bool Update(params AmplitudeModulationControlPoint[] points)

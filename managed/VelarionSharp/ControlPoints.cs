@@ -14,14 +14,14 @@ namespace Velarion
         public NVector3 Position
         {
             get => position;
-            set => setPosition(value ?? throw new ArgumentNullException(nameof(value)));
+            set => setPosition(value);
         }
 
         /// <summary>The direction (unit vector); borrowed: writing its x, y, z changes this record.</summary>
         public NVector3 Direction
         {
             get => direction;
-            set => setDirection(value ?? throw new ArgumentNullException(nameof(value)));
+            set => setDirection(value);
         }
 
         /// <summary>The intensity, 0 (off) to 1 (full).</summary>
@@ -59,14 +59,14 @@ namespace Velarion
         public NVector3 Position
         {
             get => getPosition();
-            set => setPosition(value ?? throw new ArgumentNullException(nameof(value)));
+            set => setPosition(value);
         }
 
         /// <summary>The direction (a copy; assign to change).</summary>
         public NVector3 Direction
         {
             get => getDirection();
-            set => setDirection(value ?? throw new ArgumentNullException(nameof(value)));
+            set => setDirection(value);
         }
 
         /// <summary>The intensity, 0 (off) to 1 (full).</summary>
@@ -111,7 +111,7 @@ namespace Velarion
         public AmplitudeModulationControlPoint this[int index]
         {
             get => get(Index(index));
-            set => set(Index(index), value ?? throw new ArgumentNullException(nameof(value)));
+            set => set(Index(index), value);
         }
 
         private uint Index(int index)
@@ -121,8 +121,7 @@ namespace Velarion
         }
 
         /// <summary>Appends a copy of <paramref name="point"/>.</summary>
-        public void Add(AmplitudeModulationControlPoint point) =>
-            add(point ?? throw new ArgumentNullException(nameof(point)));
+        public void Add(AmplitudeModulationControlPoint point) => add(point);
 
         /// <summary>Removes every point.</summary>
         public void Clear() => clear();
