@@ -55,6 +55,9 @@ namespace Velarion
     /// </summary>
     public partial class AmplitudeModulationControlPoint
     {
+        /// <summary>The modulation frequency, in hertz, of points made without one (125 Hz).</summary>
+        public static int DefaultFrequency => velarion_amplitudemodulation.DEFAULT_CONTROL_POINT_FREQUENCY;
+
         /// <summary>The position in metres (a copy; assign to change).</summary>
         public NVector3 Position
         {

@@ -29,6 +29,7 @@ namespace Velarion
         /// <summary>The sample times of this interval, in order.</summary>
         public ReadOnlySpan<HostTime> TimePoints { get; }
 
+        /// <summary>The number of time points (rows).</summary>
         public int TimePointCount => TimePoints.Length;
 
         /// <summary>Control points per time point that may be set.</summary>
@@ -47,6 +48,8 @@ namespace Velarion
         public Span<EmissionControlPointRecord> Row(int timePoint) =>
             records.Slice(checked(timePoint * Stride), ControlPointCount);
 
+        /// <summary>The record of control point <paramref name="controlPoint"/> at time point <paramref name="timePoint"/>.</summary>
+        /// <exception cref="ArgumentOutOfRangeException">either index outside the interval</exception>
         public ref EmissionControlPointRecord this[int timePoint, int controlPoint]
         {
             get

@@ -12,9 +12,12 @@ namespace Velarion
     [StructLayout(LayoutKind.Explicit, Size = 16)]
     public readonly struct HostTime : IEquatable<HostTime>
     {
+        /// <summary>Whole seconds since the steady clock's epoch.</summary>
         [FieldOffset(0)] public readonly long Seconds;
+        /// <summary>The fraction of a second, in units of 2^-32 s.</summary>
         [FieldOffset(8)] public readonly uint Fraction;
 
+        /// <summary>A time of <paramref name="seconds"/> plus <paramref name="fraction"/> × 2^-32 s.</summary>
         public HostTime(long seconds, uint fraction)
         {
             Seconds = seconds;
@@ -36,11 +39,17 @@ namespace Velarion
             }
         }
 
+        /// <summary>Same seconds and fraction.</summary>
         public bool Equals(HostTime other) => Seconds == other.Seconds && Fraction == other.Fraction;
+        /// <inheritdoc/>
         public override bool Equals(object obj) => obj is HostTime other && Equals(other);
+        /// <inheritdoc/>
         public override int GetHashCode() => HashCode.Combine(Seconds, Fraction);
+        /// <summary>Same seconds and fraction.</summary>
         public static bool operator ==(HostTime a, HostTime b) => a.Equals(b);
+        /// <summary>Different seconds or fraction.</summary>
         public static bool operator !=(HostTime a, HostTime b) => !a.Equals(b);
+        /// <summary>"seconds s + fraction/2^32".</summary>
         public override string ToString() => $"{Seconds} s + {Fraction}/2^32";
     }
 
@@ -53,9 +62,11 @@ namespace Velarion
     [StructLayout(LayoutKind.Explicit, Size = 40)]
     public struct EmissionControlPointRecord
     {
+        /// <summary>The position in metres (device space).</summary>
         [FieldOffset(0)] public Vector3 Position;
         /// <summary>Clamped to [-1, 1] when written back; NaN becomes -1.</summary>
         [FieldOffset(12)] public float Intensity;
+        /// <summary>The direction (unit vector).</summary>
         [FieldOffset(16)] public Vector3 Direction;
         // 28..31: reserved, never read by the native side.
         /// <summary>The control point's column within its time point.</summary>
@@ -72,6 +83,7 @@ namespace Velarion
             set => enabled = value ? (byte)1 : (byte)0;
         }
 
+        /// <summary>Set it to have the record written back; records left unmarked change nothing.</summary>
         public bool Modified
         {
             readonly get => modified != 0;

@@ -17,6 +17,17 @@ namespace AmplitudeModulation {
 %csmethodmodifiers ControlPoint::ControlPoint "public";
 %csmethodmodifiers ControlPointCollection::ControlPointCollection "public";
 %csmethodmodifiers Emitter::Emitter "public";
+%csattributes ControlPoint::ControlPoint
+    "/// <summary>A point at a position in metres (x, y, z or a vector), with an optional direction, an intensity from 0 to 1, a modulation frequency in hertz (125 Hz unless given) and a phase angle in radians; or a copy of other.</summary>";
+%csattributes ControlPointCollection::ControlPointCollection "/// <summary>An empty collection.</summary>";
+%csattributes Emitter::Emitter
+    "/// <summary>An emitter without a device, on the device identifier (placed by transform, device to emitter space), or taking over other (which keeps only an empty emitter to dispose).</summary>";
+%typemap(csclassmodifiers) Emitter::ReEmitPoints
+    "/// <summary>What a device move does to the points being emitted.</summary>\npublic enum"
+%csattributes Emitter::ReEmitInEmitterSpace "/// <summary>They stay where they are in emitter space.</summary>";
+%csattributes Emitter::ReEmitFollowingDevice "/// <summary>They move with the device.</summary>";
+%csattributes Emitter::DoNotReEmit "/// <summary>They stop until the next update.</summary>";
+%pragma(csharp) moduleclassmodifiers="internal class"
 
 // The shortened forms default the modulation frequency to 125 Hz.
 class ControlPoint {

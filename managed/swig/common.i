@@ -81,8 +81,11 @@
     Dispose(true);
     global::System.GC.SuppressFinalize(this);
   }
-%}
-%typemap(csdispose_derived) SWIGTYPE ""
+
+  /// <summary>Releases this proxy's handle when <paramref name="disposing"/>; the handle finalizes itself otherwise.</summary>
+  /// <param name="disposing">true from <see cref="Dispose()"/></param>%}
+%typemap(csdispose_derived) SWIGTYPE %{
+  /// <inheritdoc/>%}
 
 // $imcall passes `swigCPtr`: here a handle made for the pointer being freed.
 %typemap(csdisposing, methodname="Dispose", methodmodifiers="protected", parameters="bool disposing") SWIGTYPE %{{

@@ -24,6 +24,8 @@ class LoggingExternalInterface;
 %rename(getLoggingInterface_internal) VelarionLibrary::getLoggingInterface;
 %typemap(csclassmodifiers) VelarionLibrary "public partial class"
 %csmethodmodifiers VelarionLibrary::VelarionLibrary "public";
+%csattributes VelarionLibrary::VelarionLibrary
+    "/// <summary>Opens the device library, or takes over other with its installed log callbacks (other keeps only an empty library to dispose).</summary>";
 
 // The caller's byte buffer is filled in place; (null, 0) asks for the size.
 // The device library trusts `size`, so it may not exceed the buffer.

@@ -18,7 +18,9 @@ VELARION_INTERNAL_MEMBERS
 // line would throw a native exception on the device library's logging thread
 // and end the process. Only DelegateLoggingCallback derives from it, which
 // keeps a throwing handler from unwinding into that thread as well.
-%typemap(csclassmodifiers) LoggingCallbackWrapper "public abstract class"
+%typemap(csclassmodifiers) LoggingCallbackWrapper
+    "/// <summary>The native side of a log callback; use <see cref=\"DelegateLoggingCallback\"/>.</summary>\npublic abstract class"
+%feature("csdirectordelegatemodifiers") LoggingCallbackWrapper::callback "internal";
 %csmethodmodifiers LoggingCallbackWrapper::LoggingCallbackWrapper "internal";
 %csmethodmodifiers LoggingCallbackWrapper::callback "internal abstract";
 %typemap(csout) void callback ";"

@@ -9,6 +9,10 @@ namespace Velarion {
 %typemap(csclassmodifiers) ControlPointBase, ControlPointPersistentBase "public partial class"
 %csmethodmodifiers ControlPointBase::ControlPointBase "public";
 %csmethodmodifiers ControlPointPersistentBase::ControlPointPersistentBase "public";
+%csattributes ControlPointBase::ControlPointBase
+    "/// <summary>A record at a position in metres (x, y, z or a vector), with an optional direction, an intensity from 0 to 1 and a phase angle in radians.</summary>";
+%csattributes ControlPointPersistentBase::ControlPointPersistentBase
+    "/// <summary>A record with identifier id: a copy of base_, or made from a position in metres, an intensity from 0 to 1 and a phase angle in radians.</summary>";
 
 struct ControlPointBase {
   Vector3 position;

@@ -19,7 +19,11 @@ VELARION_INTERNAL_MEMBERS
 // `callback` override would throw a native exception on the emission thread
 // and end the process. Only EmissionCallback derives from it, which keeps
 // exceptions of the application's overrides out of that thread as well.
-%typemap(csclassmodifiers) EmissionCallbackWrapper "public abstract class"
+%typemap(csclassmodifiers) EmissionCallbackWrapper
+    "/// <summary>The native side of an emission callback; derive from <see cref=\"EmissionCallback\"/>.</summary>\npublic abstract class"
+%feature("csdirectordelegatemodifiers") EmissionCallbackWrapper::setSuspended "internal";
+%feature("csdirectordelegatemodifiers") EmissionCallbackWrapper::isSuspended "internal";
+%feature("csdirectordelegatemodifiers") EmissionCallbackWrapper::callback "internal";
 %csmethodmodifiers EmissionCallbackWrapper::EmissionCallbackWrapper "internal";
 %csmethodmodifiers EmissionCallbackWrapper::callback "internal abstract";
 %csmethodmodifiers EmissionCallbackWrapper::setSuspended "internal virtual";
@@ -59,6 +63,9 @@ namespace TimePointStreaming {
 %rename(TimePointStreamingEmitter) Emitter;
 %typemap(csclassmodifiers) Emitter "public partial class"
 %csmethodmodifiers Emitter::Emitter "public";
+%csattributes Emitter::Emitter
+    "/// <summary>An emitter without a device, on the device identifier (placed by transform, device to emitter space), or taking over other with its installed callback (other keeps only an empty emitter to dispose).</summary>";
+%pragma(csharp) moduleclassmodifiers="internal class"
 
 // A moved-from emitter stays with its managed owner, which still disposes it.
 // Its installed emission callback moves with the native registration: the new
