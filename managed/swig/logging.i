@@ -52,8 +52,15 @@ namespace Velarion {
 // the native library is gone. Disposing an installed callback only stops it
 // being called.
 %typemap(csout, excode=SWIGEXCODE) bool setManagedLoggingCallback {
-    bool ret = $imcall;$excode
-    if (ret) swigHandle.Root.Keep(level, wrapper?.SwigHandle, wrapper);
+    var held = wrapper == null ? null : LoggingCallbackWrapper.getCPtr(wrapper);
+    global::Velarion.Interop.NativeHandle.Hold(held);
+    bool ret = false;
+    try {
+      ret = $imcall;$excode
+    } finally {
+      if (ret) swigHandle.Root.KeepHeld(level, held, wrapper);
+      else global::Velarion.Interop.NativeHandle.Unhold(held);
+    }
     return ret;
   }
 

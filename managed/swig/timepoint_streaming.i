@@ -89,8 +89,15 @@ namespace TimePointStreaming {
 // from the moment it is installed until another one is, or until the native
 // emitter is gone. Disposing an installed callback only stops it being called.
 %typemap(csout, excode=SWIGEXCODE) bool setManagedEmissionCallback {
-    bool ret = $imcall;$excode
-    if (ret) swigHandle.Keep(InstalledCallbackKey, wrapper?.SwigHandle, wrapper);
+    var held = wrapper == null ? null : EmissionCallbackWrapper.getCPtr(wrapper);
+    global::Velarion.Interop.NativeHandle.Hold(held);
+    bool ret = false;
+    try {
+      ret = $imcall;$excode
+    } finally {
+      if (ret) swigHandle.KeepHeld(InstalledCallbackKey, held, wrapper);
+      else global::Velarion.Interop.NativeHandle.Unhold(held);
+    }
     return ret;
   }
 

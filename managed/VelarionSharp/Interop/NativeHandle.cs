@@ -157,8 +157,26 @@ namespace Velarion.Interop
         /// </summary>
         internal void Keep(object key, NativeHandle value, object target)
         {
+            Hold(value);
+            KeepHeld(key, value, target);
+        }
+
+        /// <summary>
+        /// A reference on <paramref name="value"/> taken before it is handed to
+        /// the device library, so that a Dispose on another thread cannot free
+        /// it between the native call and <see cref="KeepHeld"/>.
+        /// </summary>
+        internal static void Hold(NativeHandle value)
+        {
             bool added = false;
             value?.DangerousAddRef(ref added);
+        }
+
+        internal static void Unhold(NativeHandle value) => value?.DangerousRelease();
+
+        /// <summary>As <see cref="Keep"/>, for a value already held.</summary>
+        internal void KeepHeld(object key, NativeHandle value, object target)
+        {
             Kept previous;
             lock (this)
             {
