@@ -168,5 +168,31 @@ namespace Velarion.Tests
             Assert.True(logging.SetCallback((DeviceLogLevel)2, null));
             previous.Dispose();
         }
+
+        [Fact]
+        public void ACallbackReplacedAndDisposedFromInsideItselfIsFreedOnlyAfterItsInterval()
+        {
+            // The bridge still writes back through the wrapper's rows after the
+            // managed call returns: freeing it inside the call would reach freed memory.
+            using var stepped = new SteppedStreaming();
+            var next = new Counting();
+            var first = new Counting();
+            int pendingInside = -1;
+            first.OnCall = c =>
+            {
+                Assert.True(stepped.Emitter.SetEmissionCallback(next));
+                c.Dispose();
+                pendingInside = Velarion.Interop.DirectorEntries.PendingOnThisThread;
+            };
+            Assert.True(stepped.Emitter.SetEmissionCallback(first));
+            stepped.Step(5_000_000_000, 25_000, 80, 16);
+            Assert.Equal(1, pendingInside);  // deferred, not freed under the bridge
+            Assert.Equal(1, Velarion.Interop.DirectorEntries.PendingOnThisThread);
+            stepped.Step(5_000_000_000, 25_000, 80, 16);  // the next interval frees it first
+            Assert.Equal(0, Velarion.Interop.DirectorEntries.PendingOnThisThread);
+            Assert.Equal((1, 1), (first.Calls, next.Calls));
+            Assert.True(stepped.Emitter.SetEmissionCallback(null));
+            next.Dispose();
+        }
     }
 }

@@ -167,6 +167,9 @@ namespace Velarion.Interop
             ++depth;
         }
 
+        // Frees waiting on this thread (for tests).
+        internal static int PendingOnThisThread => pending?.Items.Count ?? 0;
+
         private static void Release(IntPtr pointer, Action<IntPtr> release, Slots slots, int slot, bool emission)
         {
             if (depth > 0)
