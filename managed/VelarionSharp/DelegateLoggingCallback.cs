@@ -31,6 +31,15 @@ namespace Velarion
             DirectorEntries.ConnectLogging(this);
         }
 
+        /// <param name="handler">(message, level, area of the device library)</param>
+        public DelegateLoggingCallback(Action<string, DeviceLogLevel, string> handler)
+            : this(Adapt(handler ?? throw new ArgumentNullException(nameof(handler))))
+        {
+        }
+
+        private static Action<string, uint, uint, string> Adapt(Action<string, DeviceLogLevel, string> handler) =>
+            (message, level, _, area) => handler(message, (DeviceLogLevel)level, area);
+
         /// <summary>Raised, on the logging thread, with each exception the handler threw.</summary>
         public event Action<Exception> HandlerFailed;
 

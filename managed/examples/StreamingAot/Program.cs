@@ -42,7 +42,7 @@ namespace Velarion.Examples
         private static int Main()
         {
             int lines = 0;
-            using var log = new DelegateLoggingCallback((message, level, _, area) => Interlocked.Increment(ref lines));
+            using var log = new DelegateLoggingCallback((message, level, area) => Interlocked.Increment(ref lines));
             using var library = new VelarionLibrary();
             library.Logging.RedirectToNull();
             library.Logging.SetCallback(DeviceLogLevel.Info, log);
