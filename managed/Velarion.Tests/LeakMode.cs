@@ -1,5 +1,6 @@
 using System;
 using System.Collections.Generic;
+using System.IO;
 using System.Linq;
 using System.Runtime.CompilerServices;
 using Velarion.Interop;
@@ -8,8 +9,9 @@ namespace Velarion.Tests
 {
     // Every test runs in leak-identifying mode: an owned native object that
     // reaches the finalizer instead of Dispose is recorded by type, and the
-    // total is printed when the test process ends. (Some tests forget objects
-    // on purpose, to check that forgotten objects are safe.)
+    // totals are written to leaked-handles.txt beside the test assembly when
+    // the test process ends. (Some tests forget objects on purpose, to check
+    // that forgotten objects are safe.)
     internal static class LeakMode
     {
         private static readonly Dictionary<string, int> seen = new Dictionary<string, int>();
@@ -23,9 +25,11 @@ namespace Velarion.Tests
                 GC.Collect();
                 GC.WaitForPendingFinalizers();
                 Remember(HandleLeaks.Take());
-                if (seen.Count == 0) return;
-                Console.Error.WriteLine("Native objects that reached the finalizer instead of Dispose: " +
-                                        string.Join(", ", seen.OrderBy(p => p.Key).Select(p => $"{p.Key} x{p.Value}")));
+                string report = seen.Count == 0
+                    ? "none"
+                    : string.Join(Environment.NewLine, seen.OrderBy(p => p.Key).Select(p => $"{p.Key} x{p.Value}"));
+                // Beside the test assembly: the test host does not show what it prints on exit.
+                File.WriteAllText(Path.Combine(AppContext.BaseDirectory, "leaked-handles.txt"), report + Environment.NewLine);
             };
         }
 
