@@ -101,12 +101,16 @@ namespace Velarion.Tests
             GC.WaitForPendingFinalizers();
         }
 
-        [Fact(Skip = "needs the emulator to end an emitter destroyed from its own emission thread")]
+        [Fact]
         public void DisposingTheEmitterFromInsideItsOwnCallbackEndsCleanly()
         {
             using var placement = new Transform();
+            using var library = new VelarionLibrary();
             for (int round = 0; round < 5; ++round)
             {
+                // Disposed from its own thread, the emitter is freed (and its device
+                // released) from another one, right after.
+                WaitFor(() => !library.IsDeviceClaimed(A16));
                 var emitter = new TimePointStreamingEmitter(A16, placement);
                 var disposed = new ManualResetEventSlim();
                 var callback = new Counting
@@ -125,6 +129,7 @@ namespace Velarion.Tests
                 AssertDisposedEmitter(emitter);
                 callback.Dispose();
             }
+            WaitFor(() => !library.IsDeviceClaimed(A16));
             // The deferred frees run when the emission threads are gone.
             GC.Collect();
             GC.WaitForPendingFinalizers();

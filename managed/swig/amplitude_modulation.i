@@ -17,6 +17,11 @@ namespace AmplitudeModulation {
 %csmethodmodifiers ControlPoint::ControlPoint "public";
 %csmethodmodifiers ControlPointCollection::ControlPointCollection "public";
 %csmethodmodifiers Emitter::Emitter "public";
+// Disposed from a log handler on its own thread, the emitter is freed from another.
+%typemap(csconstruct, excode=SWIGEXCODE) Emitter %{: this($imcall, true) {
+    global::Velarion.Interop.DirectorEntries.FreeOffDirectorThreads(swigHandle);$excode
+  }
+%}
 %csattributes ControlPoint::ControlPoint
     "/// <summary>A point at a position in metres (x, y, z or a vector), with an optional direction, an intensity from 0 to 1, a modulation frequency in hertz (125 Hz unless given) and a phase angle in radians; or a copy of other.</summary>";
 %csattributes ControlPointCollection::ControlPointCollection "/// <summary>An empty collection.</summary>";

@@ -54,7 +54,8 @@ class EmissionCallbackWrapper {
 // --- The emitter ------------------------------------------------------------
 // Opened on a device by identifier and transform; calls the installed
 // EmissionCallbackWrapper from the device library's emission thread once
-// started. Stop it before disposing the emitter or the callback.
+// started. The emitter and its callback may be disposed in any order, also
+// from inside the callback (the emitter is then freed from another thread).
 %include <arrays_csharp.i>
 
 namespace Velarion {
@@ -72,7 +73,8 @@ namespace TimePointStreaming {
 // proxy takes it over as it is constructed, on the same thread.
 %typemap(csin) Emitter&& "$csclassname.getCPtr($csclassname.MovingFrom($csinput))"
 %typemap(csconstruct, excode=SWIGEXCODE) Emitter %{: this($imcall, true) {
-    AdoptMovedEmissionCallback();$excode
+    AdoptMovedEmissionCallback();
+    global::Velarion.Interop.DirectorEntries.FreeOffDirectorThreads(swigHandle);$excode
   }
 %}
 

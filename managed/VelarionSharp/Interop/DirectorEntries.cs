@@ -181,6 +181,19 @@ namespace Velarion.Interop
             Free(pointer, release, slots, slot);
         }
 
+        /// <summary>
+        /// For objects that own a device-library thread (emitters): freed on
+        /// another thread when released inside a director call, since freeing
+        /// waits for the thread that may be the one making the call.
+        /// </summary>
+        internal static void FreeOffDirectorThreads(NativeHandle handle) => handle.SetRelease(ReleaseOffDirectorThreads);
+
+        private static void ReleaseOffDirectorThreads(IntPtr pointer, Action<IntPtr> release)
+        {
+            if (depth > 0) ThreadPool.QueueUserWorkItem(_ => release(pointer));
+            else release(pointer);
+        }
+
         internal static void ConnectLogging(DelegateLoggingCallback wrapper)
         {
             int slot = logSlots.Take(wrapper);

@@ -226,13 +226,23 @@ namespace Velarion.Interop
 
         protected override bool ReleaseHandle()
         {
+            if (release != null && releaseThrough != null)
+            {
+                // The release may run later: what this object keeps goes with it.
+                releaseThrough(handle, FreeThenLetGo);
+            }
+            else
+            {
+                FreeThenLetGo(handle);
+            }
+            return true;
+        }
+
+        private void FreeThenLetGo(IntPtr pointer)
+        {
             try
             {
-                if (release != null)
-                {
-                    if (releaseThrough != null) releaseThrough(handle, release);
-                    else release(handle);
-                }
+                release?.Invoke(pointer);
             }
             finally
             {
@@ -249,7 +259,6 @@ namespace Velarion.Interop
                 }
                 owner?.DangerousRelease();
             }
-            return true;
         }
     }
 
