@@ -2,7 +2,7 @@
 // subclasses, and the emitter's connection to it.
 //
 // The arrays handed to `callback` cross as raw addresses: the hand-written
-// EmissionCallback (managed/Velarion) turns them into spans of blittable
+// EmissionCallback (managed/VelarionSharp) turns them into spans of blittable
 // structs, so no proxy object is made per time point or record.
 
 // Generated members are internal here; see common.i.
