@@ -93,7 +93,7 @@
   }
 
   private static void SwigRelease(global::System.IntPtr cPtr) {
-    var swigCPtr = global::Velarion.Interop.NativeHandle.Unowned(cPtr);
+    var swigCPtr = global::Velarion.Interop.NativeHandle.ForRelease(cPtr);
     $imcall;
   }%}
 %typemap(csdisposing_derived, methodname="Dispose", methodmodifiers="protected", parameters="bool disposing") SWIGTYPE %{{
@@ -101,7 +101,7 @@
   }
 
   private static void SwigRelease(global::System.IntPtr cPtr) {
-    var swigCPtr = global::Velarion.Interop.NativeHandle.Unowned(cPtr);
+    var swigCPtr = global::Velarion.Interop.NativeHandle.ForRelease(cPtr);
     $imcall;
   }%}
 

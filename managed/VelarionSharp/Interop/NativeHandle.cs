@@ -107,6 +107,24 @@ namespace Velarion.Interop
             return new Made(new NativeHandle(pointer, release, null, HandleLeaks.Enabled ? proxy.FullName : null));
         }
 
+        // One per thread, pointed at each object a release frees: a release
+        // allocates nothing. (A release that runs another one on the same
+        // thread is fine: the pointer is read when the call starts.)
+        [ThreadStatic] private static NativeHandle releasing;
+
+        /// <summary>A handle for the delete export of the object at <paramref name="pointer"/>.</summary>
+        internal static NativeHandle ForRelease(IntPtr pointer)
+        {
+            var scratch = releasing;
+            if (scratch == null)
+            {
+                releasing = scratch = Unowned(IntPtr.Zero);
+                GC.SuppressFinalize(scratch);
+            }
+            scratch.SetHandle(pointer);
+            return scratch;
+        }
+
         /// <summary>A pointer nobody frees (the device library's, or a caller's buffer).</summary>
         internal static NativeHandle Unowned(IntPtr pointer) => new NativeHandle(pointer, null, null, null);
 
