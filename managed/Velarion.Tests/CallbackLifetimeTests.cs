@@ -202,5 +202,32 @@ namespace Velarion.Tests
             Assert.True(stepped.Emitter.SetEmissionCallback(null));
             next.Dispose();
         }
+
+        [Fact]
+        public void DisposedCallbacksGiveTheirStaticEntryBackAndTheLimitIsAnException()
+        {
+            // Each live wrapper holds one of a fixed number of static entries.
+            for (int i = 0; i < 3 * Velarion.Interop.DirectorEntries.SlotCount; ++i)
+            {
+                new DelegateLoggingCallback((_, _, _) => { }).Dispose();
+                new DelegateEmissionCallback(_ => { }).Dispose();
+            }
+
+            var live = new System.Collections.Generic.List<DelegateEmissionCallback>();
+            try
+            {
+                var full = Assert.Throws<InvalidOperationException>(() =>
+                {
+                    for (int i = 0; i <= Velarion.Interop.DirectorEntries.SlotCount; ++i) live.Add(new DelegateEmissionCallback(_ => { }));
+                });
+                Assert.Contains("emission callbacks", full.Message);
+                live[0].Dispose();
+                live[0] = new DelegateEmissionCallback(_ => { });
+            }
+            finally
+            {
+                foreach (var callback in live) callback.Dispose();
+            }
+        }
     }
 }
