@@ -10,8 +10,9 @@ namespace Velarion
     /// <remarks>
     /// <para>The delegate runs on whatever thread the device library logs from.
     /// An exception it throws is caught here, never unwinding into native
-    /// frames, and reported through <see cref="HandlerFailed"/> (or standard
-    /// error).</para>
+    /// frames, and reported through <see cref="HandlerFailed"/>; without a
+    /// handler, on standard error: the first with its stack trace, then at most
+    /// one line a second with the count and the first message.</para>
     /// <para>Lifetime: the library object the interface belongs to keeps an
     /// installed callback (managed object and native part) until another
     /// callback, or null, is installed for that level, or until the library is
@@ -23,6 +24,7 @@ namespace Velarion
     public sealed class DelegateLoggingCallback : LoggingCallbackWrapper
     {
         private readonly Action<string, uint, uint, string> handler;
+        private readonly FailureReport failures = new FailureReport("log", "handler");
 
         /// <param name="handler">(message, level, sequence number, area of the device library)</param>
         public DelegateLoggingCallback(Action<string, uint, uint, string> handler)
@@ -62,7 +64,7 @@ namespace Velarion
                 try
                 {
                     if (failed != null) failed(e);
-                    else Console.Error.WriteLine($"Velarion: log handler failed: {e}");
+                    else failures.Add(e, "handler");
                 }
                 catch (Exception)
                 {

@@ -90,7 +90,7 @@ namespace Velarion
 #endif
     public abstract class EmissionCallback : EmissionCallbackWrapper
     {
-        private readonly FailureReport failures = new FailureReport();
+        private readonly FailureReport failures = new FailureReport("emission", "callback");
 
         /// <summary>A callback for any emitter.</summary>
         protected EmissionCallback() : this(IntPtr.Zero)
@@ -233,48 +233,6 @@ namespace Velarion
                 foreach (ref var record in records) record.Modified = false;
                 Report(e, "callback");
             }
-        }
-    }
-
-    // Failures nobody listens for: the first in full, then at most one line a
-    // second with the count since the last line and the first message among them.
-    internal sealed class FailureReport
-    {
-        internal static readonly long Second = System.Diagnostics.Stopwatch.Frequency;
-
-        // Replaceable by tests.
-        internal Func<long> Clock = System.Diagnostics.Stopwatch.GetTimestamp;
-        internal System.IO.TextWriter Output;
-
-        private bool reportedFirst;
-        private long lastLine;
-        private int count;
-        private string firstMessage;
-
-        internal void Add(Exception e, string what)
-        {
-            string line = null;
-            lock (this)
-            {
-                long now = Clock();
-                if (!reportedFirst)
-                {
-                    reportedFirst = true;
-                    lastLine = now;
-                    line = $"Velarion: emission {what} failed (further failures: one line a second at most): {e}";
-                }
-                else
-                {
-                    if (count++ == 0) firstMessage = $"{e.GetType().Name}: {e.Message}";
-                    if (now - lastLine >= Second)
-                    {
-                        line = $"Velarion: emission callback failed {count} more time{(count == 1 ? "" : "s")}; the first: {firstMessage}";
-                        lastLine = now;
-                        count = 0;
-                    }
-                }
-            }
-            if (line != null) (Output ?? Console.Error).WriteLine(line);
         }
     }
 
