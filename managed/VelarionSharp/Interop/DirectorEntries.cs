@@ -75,7 +75,9 @@ namespace Velarion.Interop
                             return slot;
                         }
                     }
-                    if (attempt == 1)
+                    // Not from inside a director call: a finalizer may be waiting
+                    // for this very thread (an emitter freeing its own thread).
+                    if (attempt == 1 || depth > 0)
                     {
                         throw new InvalidOperationException(
                             $"At most {SlotCount} {kind} can exist at once; dispose the ones no longer needed.");
