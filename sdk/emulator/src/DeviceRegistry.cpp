@@ -117,7 +117,6 @@ bool DeviceRegistry::claim(const std::string& identifier, const void* owner) {
     if (it->claimant != nullptr) return false;
     it->claimant = owner;
   }
-  log(LogLevel::Debug, "Devices", "device claimed: " + identifier);
   return true;
 }
 
@@ -128,7 +127,6 @@ bool DeviceRegistry::release(const std::string& identifier, const void* owner) {
     if (it == devices_.end() || owner == nullptr || it->claimant != owner) return false;
     it->claimant = nullptr;
   }
-  log(LogLevel::Debug, "Devices", "device released: " + identifier);
   return true;
 }
 
