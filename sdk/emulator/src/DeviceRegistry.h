@@ -83,6 +83,7 @@ class DeviceRegistry {
  private:
   DeviceRegistry();
   mutable std::mutex mutex_;
+  std::string startupError_;  // why the default configuration was not used
   std::vector<DeviceRecord> devices_;
   Faults faults_;
   uint64_t revision_ = 0;

@@ -225,8 +225,7 @@ bool Emitter::update(const ControlPoint* points, size_t count) {
   journal(std::string("update(") + (points == nullptr ? "null" : "points") + ", " + std::to_string(count) + ")");
   EmitterImplementation* e = implementation_;
   if (e == nullptr) return false;
-  FlushLog flush{e};
-  std::lock_guard<std::mutex> lock(e->mutex);
+  VelarionEmulator::internal::LockedLogging locked(*e);
   if (!e->connected() || count > control::kControlPointLimit || (points == nullptr && count > 0)) return false;
 
   std::vector<am::PointState> states;

@@ -39,9 +39,11 @@ std::vector<EmitterBase::LogLine> EmitterBase::takeNotedLines() {
   return lines;
 }
 
-void EmitterBase::writeLog(const std::vector<LogLine>& lines) const {
+void writeLog(const EmitterKind& kind, const std::vector<EmitterBase::LogLine>& lines) {
   for (const auto& line : lines) log(line.level, line.area != nullptr ? line.area : kind.area, line.message);
 }
+
+void EmitterBase::writeLog(const std::vector<LogLine>& lines) const { internal::writeLog(kind, lines); }
 
 namespace {
 // The emitter whose emission thread this is.

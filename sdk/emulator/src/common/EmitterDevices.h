@@ -131,6 +131,30 @@ struct EmitterBase {
   void leaveEmissionThread();
 };
 
+// Writes lines an emitter noted, without the emitter.
+void writeLog(const EmitterKind& kind, const std::vector<EmitterBase::LogLine>& lines);
+
+// Holds an emitter's lock; on leaving, writes the lines noted meanwhile
+// without touching the emitter once the lock is released, because a thread
+// started under it may destroy the emitter from then on.
+class LockedLogging {
+ public:
+  explicit LockedLogging(EmitterBase& emitter) : emitter_(emitter), lock_(emitter.mutex) {}
+  ~LockedLogging() {
+    const EmitterKind& kind = emitter_.kind;
+    const std::vector<EmitterBase::LogLine> lines = emitter_.takeNotedLines();
+    lock_.unlock();
+    writeLog(kind, lines);
+  }
+  LockedLogging(const LockedLogging&) = delete;
+  LockedLogging& operator=(const LockedLogging&) = delete;
+  std::unique_lock<std::mutex>& lock() { return lock_; }
+
+ private:
+  EmitterBase& emitter_;
+  std::unique_lock<std::mutex> lock_;
+};
+
 // Writes an emitter's noted log lines when it goes out of scope; declared
 // before the lock so that it runs after the lock is released.
 struct FlushLog {

@@ -176,8 +176,7 @@ bool Emitter::start() {
   journal("start");
   EmitterImplementation* e = implementation_;
   if (e == nullptr) return false;
-  FlushLog flush{e};
-  std::unique_lock<std::mutex> lock(e->mutex);
+  VelarionEmulator::internal::LockedLogging locked(*e);
   if (e->onEmissionThread()) {
     // A run asked to stop cannot be followed by another from its own
     // thread: the two would call the callback side by side.
@@ -185,7 +184,7 @@ bool Emitter::start() {
   } else {
     // A run that is stopping, or still writing its last log lines, ends
     // first, so that runs never overlap and their lines keep their order.
-    e->threadEnded.wait(lock, [e] { return (e->emitting && !e->stopping(e->runs)) || e->liveThreads == 0; });
+    e->threadEnded.wait(locked.lock(), [e] { return (e->emitting && !e->stopping(e->runs)) || e->liveThreads == 0; });
   }
   if (!e->connected()) return false;
   e->startThread();
