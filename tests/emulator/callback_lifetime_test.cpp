@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <thread>
@@ -13,6 +14,7 @@
 #include "Velarion/AmplitudeModulation/Emitter.h"
 #include "Velarion/TimePointStreaming/Emitter.h"
 #include "Velarion/VelarionLibrary.h"
+#include "Velarion/VersionInfo.h"
 #include "VelarionEmulator/AmplitudeModulation.h"
 #include "VelarionEmulator/Streaming.h"
 #include "device/device_fixture.h"
@@ -194,6 +196,71 @@ TEST_F(EmulatorCallbacks, SettingTheEmissionCallbackWaitsForTheRunningInterval) 
   ASSERT_TRUE(eventually([&] { return later > before + 3; }));
   EXPECT_EQ(swap.calls, 1);
   EXPECT_TRUE(emitter.stop());
+}
+
+// What a binding does when a user replaces a callback: install the new one,
+// then free what the old one used. The old one must never see freed data.
+namespace {
+struct Tagged {
+  static constexpr uint32_t kAlive = 0xC0FFEE;
+  std::atomic<uint32_t> tag{kAlive};
+  std::atomic<int>* violations;
+  void enter() {
+    if (tag.load() != kAlive) ++*violations;
+  }
+  ~Tagged() { tag = 0xDEAD; }
+};
+}  // namespace
+
+TEST_F(EmulatorCallbacks, AReplacedCallbackIsNeverEnteredOnceTheReplacementReturned) {
+  std::atomic<int> violations{0};
+  finishesWithin(seconds(30), "replacing callbacks under load", [&] {
+    std::atomic<bool> done{false};
+    std::vector<std::thread> loggers;
+    for (int t = 0; t < 3; ++t) {
+      loggers.emplace_back([&] {
+        while (!done) Velarion::VersionInfo::checkVersion(2, 6, 4);  // a Debug line each
+      });
+    }
+    Tagged* current = nullptr;
+    for (int i = 0; i < 2000; ++i) {
+      auto* next = new Tagged();
+      next->violations = &violations;
+      logging.setCallbackForLogLevel(
+          4, [](const char*, unsigned int, unsigned int, const char*, void* user) { static_cast<Tagged*>(user)->enter(); },
+          next);
+      delete current;
+      current = next;
+    }
+    logging.setCallbackForLogLevel(4, nullptr, nullptr);
+    delete current;
+    done = true;
+    for (std::thread& t : loggers) t.join();
+  });
+  EXPECT_EQ(violations, 0);
+
+  StreamingEmitter emitter(kDevice);
+  ASSERT_TRUE(emitter.setExtendedOption("outputIntervalMicroseconds", "250"));
+  ASSERT_TRUE(emitter.start());
+  finishesWithin(seconds(30), "replacing emission callbacks while streaming", [&] {
+    Tagged* current = nullptr;
+    for (int i = 0; i < 300; ++i) {
+      auto* next = new Tagged();
+      next->violations = &violations;
+      emitter.setEmissionCallback(
+          [](const StreamingEmitter&, OutputInterval&, const Velarion::HostTimePoint&, void* user) {
+            static_cast<Tagged*>(user)->enter();
+          },
+          next);
+      delete current;
+      current = next;
+      std::this_thread::yield();
+    }
+    emitter.setEmissionCallback(nullptr, nullptr);
+    delete current;
+  });
+  EXPECT_TRUE(emitter.stop());
+  EXPECT_EQ(violations, 0);
 }
 
 // A handler that stops an emitter from an application thread used to hang:
