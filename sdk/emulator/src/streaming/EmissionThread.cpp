@@ -262,15 +262,13 @@ void EmitterImplementation::run(uint64_t run) {
       // misses since the last one.
       ++missesSinceLog;
       const auto now = Clock::now();
-      if (!missReported) {
-        note(LogLevel::Warning,
-             "An output interval missed its deadline by " + microsecondsText(answered - deadline) + " us");
-      } else if (now - lastMissLog >= std::chrono::seconds(1)) {
-        note(LogLevel::Warning, std::to_string(missesSinceLog) +
-                                    " output intervals missed their deadlines since the last report, the latest by " +
-                                    microsecondsText(answered - deadline) + " us");
-      }
       if (!missReported || now - lastMissLog >= std::chrono::seconds(1)) {
+        const std::string lateness = microsecondsText(answered - deadline) + " us";
+        note(LogLevel::Warning, !missReported ? "An output interval missed its deadline by " + lateness
+                                              : std::to_string(missesSinceLog) +
+                                                    " output intervals missed their deadlines since the last "
+                                                    "report, the latest by " +
+                                                    lateness);
         missReported = true;
         lastMissLog = now;
         missesSinceLog = 0;
