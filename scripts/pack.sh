@@ -1,0 +1,63 @@
+#!/usr/bin/env bash
+# Makes the NuGet packages into the local feed build/packages: stages the
+# Linux and Windows native libraries, stripped, under build/runtimes/<rid>/native/,
+# then packs every packable project of managed/.
+#
+# Needs the "default" and "windows" builds (scripts/test.sh makes both; or
+# cmake --build --preset default / windows).
+set -euo pipefail
+cd "$(dirname "$0")/.."
+source scripts/env.sh
+
+root=$PWD
+linux=$root/build/default
+windows=$root/build/windows
+runtimes=$root/build/runtimes
+feed=${VELARION_FEED:-$root/build/packages}
+
+need() {
+  if [ ! -f "$1" ]; then
+    echo "pack: $1 is missing; build the $2 preset first" >&2
+    exit 1
+  fi
+}
+need "$linux/lib/libVelarionCSharp.so" default
+need "$linux/lib/libVelarion.so" default
+need "$windows/bin/VelarionCSharp.dll" windows
+need "$windows/bin/Velarion.dll" windows
+[ -d "$linux/managed/generated" ] || { echo "pack: no generated C# in $linux/managed/generated; build the default preset" >&2; exit 1; }
+
+# The packages carry the libraries without debug information; the builds keep theirs.
+rm -rf "$runtimes"
+mkdir -p "$runtimes/linux-x64/native" "$runtimes/win-x64/native"
+for lib in libVelarionCSharp.so libVelarion.so; do
+  strip --strip-unneeded -o "$runtimes/linux-x64/native/$lib" "$linux/lib/$lib"
+done
+for lib in VelarionCSharp.dll Velarion.dll; do
+  x86_64-w64-mingw32-strip --strip-unneeded -o "$runtimes/win-x64/native/$lib" "$windows/bin/$lib"
+done
+
+properties=(
+  "-p:VelarionGeneratedDir=$linux/managed/generated"
+  "-p:VelarionNativeDir=$linux/lib"
+  "-p:VelarionRuntimesDir=$runtimes"
+  "-p:RepositoryCommit=$(git rev-parse HEAD 2>/dev/null || echo unknown)"
+)
+if [ -n "${VELARION_REPOSITORY_URL:-}" ]; then
+  properties+=("-p:RepositoryUrl=$VELARION_REPOSITORY_URL")
+fi
+
+mkdir -p "$feed"
+rm -f "$feed"/VelarionSharp*.nupkg
+packed=0
+while IFS= read -r project; do
+  if [ "$(dotnet msbuild "$project" -nologo -getProperty:IsPackable "${properties[@]}")" != "true" ]; then
+    continue
+  fi
+  dotnet pack "$project" -c Release --nologo -v:minimal -o "$feed" \
+    --artifacts-path "$root/build/pack-artifacts" "${properties[@]}"
+  packed=$((packed + 1))
+done < <(find managed -name '*.csproj' -not -path '*/bin/*' -not -path '*/obj/*' | sort)
+
+echo "pack: $packed packages in $feed:"
+ls -1 "$feed"
