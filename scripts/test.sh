@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Builds and runs every test: the native tests, the native tests again under
-# AddressSanitizer + UndefinedBehaviorSanitizer, and the managed tests.
+# AddressSanitizer + UndefinedBehaviorSanitizer, the managed tests; the
+# Windows build's native and managed tests under Wine; then makes the NuGet
+# packages and proves them in a new console app.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 source scripts/env.sh
@@ -8,13 +10,14 @@ bash scripts/setup.sh || exit 1
 
 failed=()
 stage() {
-  local name=$1
+  local name=$1 started=$SECONDS
   shift
   echo
   echo "=== $name ==="
   if ! "$@"; then
     failed+=("$name")
   fi
+  echo "--- $name: $((SECONDS - started)) s"
 }
 
 stage "configure (default)" cmake --preset default
@@ -25,6 +28,15 @@ stage "build (asan)" cmake --build --preset asan -j"$jobs"
 stage "native tests under ASan+UBSan" env ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
   ctest --preset asan -j"$jobs"
 stage "managed tests" cmake --build build/default --target managed_test
+
+# Windows: the MinGW-w64 cross-build, its native and managed tests under Wine.
+stage "configure (windows)" cmake --preset windows
+stage "build (windows)" cmake --build --preset windows -j"$jobs"
+stage "native tests under Wine" ctest --preset windows
+stage "managed tests under Wine" cmake --build build/default --target managed_test_wine
+# The packages (local feed build/packages), used by a new app outside the repository.
+stage "packages" bash scripts/pack.sh
+stage "package proof (Linux, and win-x64 under Wine)" bash scripts/package-proof.sh
 
 echo
 if [ ${#failed[@]} -gt 0 ]; then
