@@ -37,6 +37,19 @@ for lib in VelarionCSharp.dll Velarion.dll; do
   x86_64-w64-mingw32-strip --strip-unneeded -o "$runtimes/win-x64/native/$lib" "$windows/bin/$lib"
 done
 
+# Relocatable and stripped: RUNPATH $ORIGIN only, a SONAME, no symbol table.
+for lib in "$runtimes"/linux-x64/native/*.so; do
+  dynamic=$(readelf -d "$lib")
+  runpath=$(sed -n 's/.*(RUNPATH).*\[\(.*\)\]/\1/p' <<<"$dynamic")
+  if [ -n "$runpath" ] && [ "$runpath" != '$ORIGIN' ]; then
+    echo "pack: $lib has RUNPATH $runpath" >&2; exit 1
+  fi
+  grep -q '(SONAME)' <<<"$dynamic" || { echo "pack: $lib has no SONAME" >&2; exit 1; }
+  if readelf -S "$lib" | grep -q -E ' \.(symtab|debug_info) '; then
+    echo "pack: $lib is not stripped" >&2; exit 1
+  fi
+done
+
 properties=(
   "-p:VelarionGeneratedDir=$linux/managed/generated"
   "-p:VelarionNativeDir=$linux/lib"
@@ -58,6 +71,27 @@ while IFS= read -r project; do
     --artifacts-path "$root/build/pack-artifacts" "${properties[@]}"
   packed=$((packed + 1))
 done < <(find managed -name '*.csproj' -not -path '*/bin/*' -not -path '*/obj/*' | sort)
+
+# Each package: its assembly with XML documentation for every target
+# framework, and exactly its native libraries (the binding never carries a
+# device library; the emulator package is one).
+version=$(dotnet msbuild managed/VelarionSharp/VelarionSharp.csproj -nologo -getProperty:Version)
+check() {
+  local id=$1 package=$feed/$1.$version.nupkg natives entries
+  shift
+  entries=$(unzip -Z1 "$package")
+  natives=$(grep '^runtimes/' <<<"$entries" | LC_ALL=C sort | tr '\n' ' ')
+  if [ "$natives" != "$* " ]; then
+    echo "pack: $id has native files: $natives(expected: $*)" >&2; exit 1
+  fi
+  local assemblies
+  assemblies=$(grep -E "^lib/[^/]+/$id\.dll$" <<<"$entries") || { echo "pack: $id has no assembly" >&2; exit 1; }
+  for assembly in $assemblies; do
+    grep -q -x "${assembly%.dll}.xml" <<<"$entries" || { echo "pack: $assembly has no XML documentation" >&2; exit 1; }
+  done
+}
+check VelarionSharp runtimes/linux-x64/native/libVelarionCSharp.so runtimes/win-x64/native/VelarionCSharp.dll
+check VelarionSharp.Emulator runtimes/linux-x64/native/libVelarion.so runtimes/win-x64/native/Velarion.dll
 
 echo "pack: $packed packages in $feed:"
 ls -1 "$feed"

@@ -16,6 +16,7 @@ command -v swig >/dev/null 2>&1 || missing+=(swig)
 command -v x86_64-w64-mingw32-g++-posix >/dev/null 2>&1 || missing+=(g++-mingw-w64-x86-64-posix)
 [ -f /usr/src/googletest/CMakeLists.txt ] || missing+=(googletest)
 [ -x /usr/lib/wine/wine64 ] || command -v wine64 >/dev/null 2>&1 || missing+=(wine64)
+command -v unzip >/dev/null 2>&1 || missing+=(unzip)
 
 if [ ${#missing[@]} -gt 0 ]; then
   if [ "$(id -u)" -eq 0 ]; then
