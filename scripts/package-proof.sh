@@ -23,16 +23,19 @@ cd "$work"
 # Packages restored for this proof stay in a folder of its own, so a build of
 # the same version made earlier cannot be picked up from NuGet's cache; what
 # the machine already has (the .NET runtime packs) is read from there.
+machine_packages=${NUGET_PACKAGES:-$HOME/.nuget/packages}
 export NUGET_PACKAGES=$work/packages
+fallback=""
+if [ -d "$machine_packages" ]; then
+  fallback="<fallbackPackageFolders><add key=\"machine\" value=\"$machine_packages\" /></fallbackPackageFolders>"
+fi
 cat > nuget.config <<CONFIG
 <?xml version="1.0" encoding="utf-8"?>
 <configuration>
   <packageSources>
     <add key="velarion-local" value="$feed" />
   </packageSources>
-  <fallbackPackageFolders>
-    <add key="machine" value="${HOME}/.nuget/packages" />
-  </fallbackPackageFolders>
+  $fallback
 </configuration>
 CONFIG
 
