@@ -50,6 +50,13 @@ for lib in "$runtimes"/linux-x64/native/*.so; do
   fi
 done
 
+# The DLLs load on a plain Windows: they import no MinGW runtime DLL.
+for lib in "$runtimes"/win-x64/native/*.dll; do
+  if x86_64-w64-mingw32-objdump -p "$lib" | grep -i -E 'DLL Name: (libstdc\+\+|libgcc|libwinpthread)'; then
+    echo "pack: $lib needs the MinGW runtime DLLs above" >&2; exit 1
+  fi
+done
+
 properties=(
   "-p:VelarionGeneratedDir=$linux/managed/generated"
   "-p:VelarionNativeDir=$linux/lib"
