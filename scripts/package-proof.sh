@@ -13,7 +13,7 @@ source scripts/env.sh
 root=$PWD
 feed=${VELARION_FEED:-$root/build/packages}
 wine_run=$root/build/windows/wine-run.sh
-version=$(sed -n 's:.*<VersionPrefix>\(.*\)</VersionPrefix>.*:\1:p' managed/Directory.Build.props)
+version=$(dotnet msbuild managed/VelarionSharp/VelarionSharp.csproj -nologo -getProperty:Version)
 ls "$feed"/VelarionSharp."$version".nupkg "$feed"/VelarionSharp.Emulator."$version".nupkg >/dev/null
 
 work=$(mktemp -d "${TMPDIR:-/tmp}/velarion-proof.XXXXXX")
