@@ -53,7 +53,27 @@ echo "--- linux-x64"
 quiet dotnet build -c Release --nologo
 dotnet run -c Release --no-build
 
-echo "--- win-x64 under Wine"
+echo "--- win-x64 under Wine, self-contained"
 quiet dotnet publish -c Release -r win-x64 --self-contained --nologo -o "$work/win-x64"
 ls "$work/win-x64" | grep -E '^(VelarionSharp.*|VelarionCSharp|Velarion)\.dll$'
 "$wine_run" --session "$work/win-x64/QuickStart.exe"
+
+# An app built without a runtime identifier (as an IDE runs it) keeps the
+# native files under runtimes/win-x64/native/; Windows must find the device
+# library beside the interop library there. Wine has no .NET of its own, so
+# the shared framework is laid out from the win-x64 runtime pack.
+echo "--- win-x64 under Wine, framework-dependent"
+quiet dotnet build -c Release --nologo -p:AppHostRuntimeIdentifier=win-x64 -o "$work/portable"
+ls "$work/portable/runtimes/win-x64/native"
+runtime_pack=$(find "$NUGET_PACKAGES" "$machine_packages" -maxdepth 2 -type d \
+  -path "*/microsoft.netcore.app.runtime.win-x64/$(dotnet --list-runtimes | sed -n 's/^Microsoft.NETCore.App \([^ ]*\) .*/\1/p' | tail -1)" \
+  2>/dev/null | head -1)
+[ -n "$runtime_pack" ] || { echo "package proof: no win-x64 runtime pack restored" >&2; exit 1; }
+framework_version=$(basename "$runtime_pack")
+dotnet_root=$work/windows-dotnet
+mkdir -p "$dotnet_root/host/fxr/$framework_version" "$dotnet_root/shared/Microsoft.NETCore.App/$framework_version"
+cp "$runtime_pack/runtimes/win-x64/native/hostfxr.dll" "$dotnet_root/host/fxr/$framework_version/"
+cp "$runtime_pack"/runtimes/win-x64/native/* "$runtime_pack"/runtimes/win-x64/lib/net*/* \
+  "$dotnet_root/shared/Microsoft.NETCore.App/$framework_version/"
+mv "$work/portable/QuickStart" "$work/portable/QuickStart.exe"
+DOTNET_ROOT="Z:${dotnet_root//\//\\}" "$wine_run" --session "$work/portable/QuickStart.exe"
