@@ -5,6 +5,9 @@
 //                 that edits every record -> write-back of every record.
 //   EmulatorOnly: the same stepping with no callback installed: the emulator's
 //                 own share of the Bridge figure.
+//   Calls:        only the device-library calls the bridge's algorithm makes
+//                 (count, fill, one write-back pass), with no data moved: the
+//                 part of the bridge that no implementation of it can avoid.
 //   Memcpy:       one memcpy of the records' bytes (n x m x 40).
 //   TouchOnce:    every persistent control point read and written once, row by
 //                 row as the bridge walks them.
@@ -23,6 +26,7 @@
 #include "Velarion/HostTime.h"
 #include "Velarion/TimePointStreaming/ControlPointPersistent.h"
 #include "Velarion/TimePointStreaming/Emitter.h"
+#include "Velarion/TimePointStreaming/OutputInterval.h"
 #include "VelarionEmulator/Streaming.h"
 #include "timepoint_streaming/emission_callback_wrapper.h"
 
@@ -106,6 +110,42 @@ void EmulatorOnly(benchmark::State& state) {
   setCounters(state, shape);
 }
 
+// The calls nativeEmissionCallback makes into the device library for one
+// interval, in its order, and nothing else.
+void callsOnly(const Emitter& emitter, Velarion::TimePointStreaming::OutputInterval& interval, const HostTimePoint&,
+               void*) {
+  auto it = interval.begin();
+  std::size_t n = 0;
+  for (HostTimePoint t = it.time(); t < interval.intervalEndTime(); t += interval.timePointSpacing()) ++n;
+  HostTimePoint t = it.time();
+  const HostDuration& spacing = interval.timePointSpacing();
+  for (std::size_t i = 0; i < n; ++i) {
+    benchmark::DoNotOptimize(t);
+    t += spacing;
+  }
+  const unsigned int m = emitter.getMaximumControlPointCount();
+  if (n > 0) {
+    auto* first = it.operator->();
+    for (unsigned int j = 0; j < m; ++j) benchmark::DoNotOptimize(first->persistentControlPoint(j));
+  }
+  const auto end = interval.end();
+  for (; it != end; ++it) {
+    auto* timePoint = it.operator->();
+    for (unsigned int j = 0; j < m; ++j) benchmark::DoNotOptimize(timePoint->persistentControlPoint(j));
+  }
+}
+
+void Calls(benchmark::State& state) {
+  const Shape shape(state);
+  Emitter emitter;
+  emitter.setEmissionCallback(&callsOnly, nullptr);
+  const auto interval = intervalOf(shape.n, shape.m);
+  for (auto _ : state) {
+    VelarionEmulator::Streaming::step(emitter, interval);
+  }
+  setCounters(state, shape);
+}
+
 void Memcpy(benchmark::State& state) {
   const Shape shape(state);
   std::vector<Record> from(shape.records());
@@ -159,16 +199,17 @@ class FloorReporter : public benchmark::ConsoleReporter {
     ConsoleReporter::Finalize();
     std::FILE* out = stdout;
     std::fprintf(out, "\nBridge's own cost per record, beside its floors (CPU ns per record, this run):\n");
-    std::fprintf(out, "%-10s %9s %9s %9s %9s %9s %9s %9s\n", "shape", "Bridge", "Emulator", "Bridge-E", "TouchOnce",
-                 "xTouch", "Memcpy", "xMemcpy");
+    std::fprintf(out, "%-10s %9s %9s %9s %9s %9s %9s %9s %9s %9s\n", "shape", "Bridge", "Emulator", "Bridge-E",
+                 "Calls-E", "TouchOnce", "xTouch", "Memcpy", "xMemcpy", "xCalls");
     for (const auto& [shape, figures] : perRecord_) {
       const double bridge = value(figures, "Bridge");
       const double emulator = value(figures, "EmulatorOnly");
       const double touch = value(figures, "TouchOnce");
       const double copy = value(figures, "Memcpy");
+      const double calls = value(figures, "Calls") - emulator;
       const double own = bridge - emulator;
-      std::fprintf(out, "%-10s %9.2f %9.2f %9.2f %9.3f %9.1f %9.3f %9.1f\n", shape.c_str(), bridge, emulator, own,
-                   touch, own / touch, copy, own / copy);
+      std::fprintf(out, "%-10s %9.2f %9.2f %9.2f %9.2f %9.3f %9.1f %9.3f %9.1f %9.2f\n", shape.c_str(), bridge,
+                   emulator, own, calls, touch, own / touch, copy, own / copy, own / calls);
     }
   }
 
@@ -190,6 +231,7 @@ class FloorReporter : public benchmark::ConsoleReporter {
 
 BENCHMARK(Bridge)->Apply(Shapes);
 BENCHMARK(EmulatorOnly)->Apply(Shapes);
+BENCHMARK(Calls)->Apply(Shapes);
 BENCHMARK(Memcpy)->Apply(Shapes);
 BENCHMARK(TouchOnce)->Apply(Shapes);
 

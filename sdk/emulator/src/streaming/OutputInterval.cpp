@@ -3,6 +3,8 @@
 // every binary that derives an interval needs).
 #include "Velarion/TimePointStreaming/OutputInterval.h"
 
+#include "streaming/EmulatedInterval.h"
+
 #include <stdexcept>
 
 namespace Velarion {
