@@ -15,6 +15,7 @@
 // After the entries, a summary puts the bridge's own cost per record
 // ((Bridge - EmulatorOnly) / records) beside both floors, from this one run.
 #include <benchmark/benchmark.h>
+#include <unistd.h>
 
 #include <cstdint>
 #include <cstdio>
@@ -182,6 +183,8 @@ void Shapes(benchmark::internal::Benchmark* b) {
 // the floors measured in the same run.
 class FloorReporter : public benchmark::ConsoleReporter {
  public:
+  explicit FloorReporter(OutputOptions options) : ConsoleReporter(options) {}
+
   void ReportRuns(const std::vector<Run>& runs) override {
     ConsoleReporter::ReportRuns(runs);
     for (const Run& run : runs) {
@@ -191,7 +194,9 @@ class FloorReporter : public benchmark::ConsoleReporter {
       const std::string name = run.run_name.function_name;
       const std::string shape = run.run_name.args;
       const double records = recordsOf(shape);
-      if (records > 0) perRecord_[shape][name] = run.GetAdjustedCPUTime() / records;
+      if (records <= 0) continue;
+      if (perRecord_.find(shape) == perRecord_.end()) shapes_.push_back(shape);
+      perRecord_[shape][name] = run.GetAdjustedCPUTime() / records;
     }
   }
 
@@ -201,7 +206,8 @@ class FloorReporter : public benchmark::ConsoleReporter {
     std::fprintf(out, "\nBridge's own cost per record, beside its floors (CPU ns per record, this run):\n");
     std::fprintf(out, "%-10s %9s %9s %9s %9s %9s %9s %9s %9s %9s\n", "shape", "Bridge", "Emulator", "Bridge-E",
                  "Calls-E", "TouchOnce", "xTouch", "Memcpy", "xMemcpy", "xCalls");
-    for (const auto& [shape, figures] : perRecord_) {
+    for (const std::string& shape : shapes_) {
+      const auto& figures = perRecord_[shape];
       const double bridge = value(figures, "Bridge");
       const double emulator = value(figures, "EmulatorOnly");
       const double touch = value(figures, "TouchOnce");
@@ -224,6 +230,7 @@ class FloorReporter : public benchmark::ConsoleReporter {
     return found == figures.end() ? 0.0 : found->second;
   }
 
+  std::vector<std::string> shapes_;  // in the order they ran
   std::map<std::string, std::map<std::string, double>> perRecord_;
 };
 
@@ -238,7 +245,7 @@ BENCHMARK(TouchOnce)->Apply(Shapes);
 int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  FloorReporter reporter;
+  FloorReporter reporter(isatty(fileno(stdout)) ? FloorReporter::OO_ColorTabular : FloorReporter::OO_Tabular);
   benchmark::RunSpecifiedBenchmarks(&reporter);
   benchmark::Shutdown();
   return 0;
