@@ -9,6 +9,17 @@ namespace Velarion.Benchmarks
     {
         public const float Intensity = 0.8f;
         public static float Height(int timePoint) => 0.2f + 0.0001f * timePoint;
+
+        public static void Apply(Span<PlainRecord> row, int timePoint)
+        {
+            for (int j = 0; j < row.Length; j++)
+            {
+                ref var record = ref row[j];
+                record.Position.Z = Height(timePoint);
+                record.Intensity = Intensity;
+                record.Modified = 1;
+            }
+        }
     }
 
     /// <summary>Vector addition: through the binding, the same export by hand, and pure managed.</summary>
@@ -99,7 +110,9 @@ namespace Velarion.Benchmarks
     /// <summary>
     /// One 80 x 16 output interval: the emulator stepping it through a C#
     /// EmissionCallback that edits every record, against the emulator stepping
-    /// it with no callback plus the same edit on a managed array.
+    /// it with no callback plus the same edit on a managed array. Between the
+    /// two, the native bridge calling a bare static C# function: what is left
+    /// once the binding's managed layer is taken away.
     /// </summary>
     [MemoryDiagnoser]
     public class EmissionRoundTrip
@@ -111,9 +124,18 @@ namespace Velarion.Benchmarks
         private BoundStreaming bound;
         private IntPtr emitter;
         private PlainRecord[] records;
+        private IntPtr bareEmitter;
+        private IntPtr bareWrapper;
 
         [GlobalSetup(Target = nameof(Binding))]
         public void SetUpBinding() => bound = new BoundStreaming();
+
+        [GlobalSetup(Target = nameof(BareBridge))]
+        public void SetUpBareBridge()
+        {
+            bareEmitter = Floor.NewSteppedEmitter();
+            bareWrapper = Floor.InstallBareCallback(bareEmitter);
+        }
 
         [GlobalSetup(Target = nameof(EmulatorAndEdit))]
         public void SetUpFloor()
@@ -131,6 +153,12 @@ namespace Velarion.Benchmarks
             }
             bound?.Dispose();
             if (emitter != IntPtr.Zero) Floor.DeleteSteppedEmitter(emitter);
+            if (bareEmitter != IntPtr.Zero)
+            {
+                Floor.SetEmissionCallback(bareEmitter, IntPtr.Zero);
+                Floor.DeleteSteppedEmitter(bareEmitter);
+                Floor.DeleteEmissionCallbackWrapper(bareWrapper);
+            }
         }
 
         [Benchmark(Description = "binding: EmissionCallback, 80 x 16")]
@@ -151,15 +179,18 @@ namespace Velarion.Benchmarks
             var all = records.AsSpan();
             for (int k = 0; k < TimePoints; k++)
             {
-                var row = all.Slice(k * (int)ControlPoints, (int)ControlPoints);
-                for (int j = 0; j < row.Length; j++)
-                {
-                    ref var record = ref row[j];
-                    record.Position.Z = Edit.Height(k);
-                    record.Intensity = Edit.Intensity;
-                    record.Modified = 1;
-                }
+                Edit.Apply(all.Slice(k * (int)ControlPoints, (int)ControlPoints), k);
             }
+        }
+
+        [Benchmark(Description = "native bridge + [UnmanagedCallersOnly] edit, 80 x 16")]
+        public void BareBridge()
+        {
+            if (Floor.Step(bareEmitter, firstTime, SpacingNanoseconds, TimePoints, ControlPoints) != 0)
+            {
+                throw new InvalidOperationException("stepping failed");
+            }
+            firstTime += TimePoints * SpacingNanoseconds;
         }
     }
 }

@@ -48,6 +48,41 @@ namespace Velarion.Benchmarks
         internal static partial int Step(IntPtr emitter, long firstTimeNanoseconds, long spacingNanoseconds,
                                          uint timePointCount, uint maximumControlPointCount);
 
+        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_new_EmissionCallbackWrapper")]
+        internal static partial IntPtr NewEmissionCallbackWrapper(IntPtr emitter);
+
+        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_delete_EmissionCallbackWrapper")]
+        internal static partial void DeleteEmissionCallbackWrapper(IntPtr wrapper);
+
+        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_EmissionCallbackWrapper_director_connect")]
+        internal static partial void ConnectDirector(IntPtr wrapper, IntPtr setSuspended, IntPtr isSuspended,
+                                                     delegate* unmanaged<uint, uint, uint, IntPtr, IntPtr, PlainRecord*, void> callback);
+
+        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_TimePointStreamingEmitter_setManagedEmissionCallback")]
+        internal static partial uint SetEmissionCallback(IntPtr emitter, IntPtr wrapper);
+
+        // The director's callback as a bare static function: the native bridge
+        // and one reverse platform-invoke transition, no managed layer.
+        [UnmanagedCallersOnly]
+        private static void EditEveryRecord(uint timePoints, uint controlPoints, uint stride, IntPtr callbackTime,
+                                            IntPtr times, PlainRecord* records)
+        {
+            for (int k = 0; k < (int)timePoints; k++)
+            {
+                var row = new Span<PlainRecord>(records + (long)k * stride, (int)controlPoints);
+                Edit.Apply(row, k);
+            }
+        }
+
+        /// <summary>A wrapper whose director calls <see cref="EditEveryRecord"/>, installed in <paramref name="emitter"/>.</summary>
+        internal static IntPtr InstallBareCallback(IntPtr emitter)
+        {
+            var wrapper = NewEmissionCallbackWrapper(emitter);
+            ConnectDirector(wrapper, IntPtr.Zero, IntPtr.Zero, &EditEveryRecord);
+            SetEmissionCallback(emitter, wrapper);
+            return wrapper;
+        }
+
         // The string the export just handed over: decoded once, straight from
         // the native text, with no native copy and no second marshalling.
         [ThreadStatic] private static string lastString;
