@@ -3,7 +3,7 @@
 # same run: the native emission bridge (Google Benchmark) and the managed
 # boundary (BenchmarkDotNet). Results land in build/default/bench-results.
 #
-#   bash scripts/bench.sh           short runs (a few minutes)
+#   bash scripts/bench.sh           short runs (about five minutes)
 #   BENCH_QUICK=1 bash scripts/bench.sh   one pass of each, to see that they run
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -17,10 +17,10 @@ mkdir -p "$results"
 
 if [ "${BENCH_QUICK:-0}" = 1 ]; then
   native_args=(--benchmark_min_time=0.01)
-  managed_job=dry
+  managed_args=(--job dry)
 else
   native_args=(--benchmark_min_time=0.5 --benchmark_repetitions=3 --benchmark_report_aggregates_only=true)
-  managed_job=short
+  managed_args=(--warmupCount 3 --iterationCount 10 --launchCount 1)
 fi
 
 cmake --preset default >/dev/null
@@ -40,6 +40,6 @@ dotnet build bench/VelarionSharp.Benchmarks/VelarionSharp.Benchmarks.csproj -c R
 # share a process with the binding.
 (cd bench/VelarionSharp.Benchmarks &&
   dotnet "$artifacts/bin/VelarionSharp.Benchmarks/release/VelarionSharp.Benchmarks.dll" \
-    --filter '*' --job "$managed_job" --artifacts "$results/managed") | tee "$results/managed.txt"
+    --filter '*' "${managed_args[@]}" --artifacts "$results/managed") | tee "$results/managed.txt"
 echo
 echo "results: $results (tables in managed/results/*.md)"
