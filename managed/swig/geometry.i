@@ -5,7 +5,7 @@
 
 %typemap(csclassmodifiers) Velarion::Vector3, Velarion::Quaternion, Velarion::Matrix3x3, Velarion::Matrix4x4,
     Velarion::Transform "public partial class"
-%typemap(csclassmodifiers) double*, double& "internal class"
+%typemap(csclassmodifiers) double[ANY] "internal class"
 
 VELARION_INTERNAL_BEGIN
 %csmethodmodifiers ~Vector3 "protected virtual";
