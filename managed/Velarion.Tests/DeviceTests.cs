@@ -139,6 +139,15 @@ namespace Velarion.Tests
             Assert.Equal(-0.086f, tracked.Y, 6);
             using var back = alignment.FromTrackingPositionToDevicePosition(tracked);
             Assert.Equal(0f, back.Y, 6);
+
+            // The same through System.Numerics values, and the 4 x 4 arrays in its convention.
+            var point = new System.Numerics.Vector3(0.01f, 0.02f, 0.2f);
+            var inTracking = alignment.FromDevicePositionToTrackingPosition(point);
+            Assert.Equal(0.02f - 0.086f, inTracking.Y, 6);
+            var viaMatrix = System.Numerics.Vector3.Transform(point, alignment.GetDeviceToTrackingTransform());
+            Assert.True(System.Numerics.Vector3.Distance(inTracking, viaMatrix) < 1e-6f);
+            Assert.True(System.Numerics.Vector3.Distance(point, alignment.FromTrackingPositionToDevicePosition(inTracking)) < 1e-6f);
+            Assert.Equal(new System.Numerics.Vector3(0, 0, 1), alignment.FromDeviceDirectionToTrackingDirection(System.Numerics.Vector3.UnitZ));
         }
 
         [Fact]

@@ -78,6 +78,9 @@ namespace Velarion.Tests
             using var product = quarter * shift;
             Near(shift.ToNumerics() * quarter.ToNumerics(), product.ToNumerics());
             Near(new Numerics.Vector3(0, 1, 0), product.TransformPosition(Numerics.Vector3.Zero));
+            var gone = Matrix4x4.Identity();
+            gone.Dispose();
+            Assert.Throws<ObjectDisposedException>(() => gone.TransformPosition(Numerics.Vector3.One));
 
             // Quaternions: same components, same Hamilton product.
             using var q = Quaternion.FromRotation(NVector3.FromNumerics(axis), 0.7f);

@@ -33,20 +33,20 @@ namespace Velarion
             fromTrackingDirectionToDeviceDirection(direction);
 
         /// <summary>The device-frame position <paramref name="position"/> in the tracking frame; nothing is left to dispose.</summary>
-        public Numerics.Vector3 FromDevicePositionToTrackingPosition(Numerics.Vector3 position) =>
-            NativeResult.Vector(this, position, (a, p) => a.fromDevicePositionToTrackingPosition(p));
+        public unsafe Numerics.Vector3 FromDevicePositionToTrackingPosition(Numerics.Vector3 position) =>
+            NativeResult.Take(velarionPINVOKE.AlignmentDevicePositionToTracking(NativeResult.Self(getCPtr(this), this), (IntPtr)(&position)), this);
 
         /// <summary>The device-frame direction <paramref name="direction"/> in the tracking frame; nothing is left to dispose.</summary>
-        public Numerics.Vector3 FromDeviceDirectionToTrackingDirection(Numerics.Vector3 direction) =>
-            NativeResult.Vector(this, direction, (a, d) => a.fromDeviceDirectionToTrackingDirection(d));
+        public unsafe Numerics.Vector3 FromDeviceDirectionToTrackingDirection(Numerics.Vector3 direction) =>
+            NativeResult.Take(velarionPINVOKE.AlignmentDeviceDirectionToTracking(NativeResult.Self(getCPtr(this), this), (IntPtr)(&direction)), this);
 
         /// <summary>The tracking-frame position <paramref name="position"/> in the device frame; nothing is left to dispose.</summary>
-        public Numerics.Vector3 FromTrackingPositionToDevicePosition(Numerics.Vector3 position) =>
-            NativeResult.Vector(this, position, (a, p) => a.fromTrackingPositionToDevicePosition(p));
+        public unsafe Numerics.Vector3 FromTrackingPositionToDevicePosition(Numerics.Vector3 position) =>
+            NativeResult.Take(velarionPINVOKE.AlignmentTrackingPositionToDevice(NativeResult.Self(getCPtr(this), this), (IntPtr)(&position)), this);
 
         /// <summary>The tracking-frame direction <paramref name="direction"/> in the device frame; nothing is left to dispose.</summary>
-        public Numerics.Vector3 FromTrackingDirectionToDeviceDirection(Numerics.Vector3 direction) =>
-            NativeResult.Vector(this, direction, (a, d) => a.fromTrackingDirectionToDeviceDirection(d));
+        public unsafe Numerics.Vector3 FromTrackingDirectionToDeviceDirection(Numerics.Vector3 direction) =>
+            NativeResult.Take(velarionPINVOKE.AlignmentTrackingDirectionToDevice(NativeResult.Self(getCPtr(this), this), (IntPtr)(&direction)), this);
 
         /// <summary>
         /// Writes the device-to-tracking transform into the first sixteen

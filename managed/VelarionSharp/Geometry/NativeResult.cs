@@ -1,19 +1,62 @@
 using System;
+using System.Runtime.InteropServices;
 using Numerics = System.Numerics;
 
 namespace Velarion
 {
-    // Geometry operations that go straight to System.Numerics values: the
-    // native operands and results live only for the call.
+    // Geometry operations whose result goes straight to a System.Numerics
+    // value: no proxy is made for the operand or the result. The operand is the
+    // caller's own Numerics.Vector3, laid out as the native vector (three
+    // floats), and the native result is read and freed at once.
     internal static class NativeResult
     {
-        internal static Numerics.Vector3 Vector<T>(T self, Numerics.Vector3 input, Func<T, NVector3, NVector3> operation)
+        internal static IntPtr Self(HandleRef handle, object owner)
         {
-            using (NVector3 operand = NVector3.FromNumerics(input))
-            using (NVector3 result = operation(self, operand))
-            {
-                return result.ToNumerics();
-            }
+            if (handle.Handle == IntPtr.Zero) throw new ObjectDisposedException(owner.GetType().Name);
+            return handle.Handle;
         }
+
+        internal static unsafe Numerics.Vector3 Take(IntPtr result, object owner)
+        {
+            GC.KeepAlive(owner);
+            if (velarionPINVOKE.SWIGPendingException.Pending) throw velarionPINVOKE.SWIGPendingException.Retrieve();
+            if (result == IntPtr.Zero) throw new OutOfMemoryException("the native result could not be allocated");
+            Numerics.Vector3 value = *(Numerics.Vector3*)result;
+            velarionPINVOKE.DeleteVector(result);
+            return value;
+        }
+    }
+
+    // The generated entry points again, with raw handles.
+    internal partial class velarionPINVOKE
+    {
+        private const string Library = "VelarionCSharp";
+
+        [DllImport(Library, EntryPoint = "CSharp_Velarion_delete_NVector3")]
+        internal static extern void DeleteVector(IntPtr vector);
+
+        [DllImport(Library, EntryPoint = "CSharp_Velarion_Matrix4x4_transformPosition")]
+        internal static extern IntPtr Matrix4x4TransformPosition(IntPtr self, IntPtr position);
+
+        [DllImport(Library, EntryPoint = "CSharp_Velarion_Matrix4x4_transformDirection")]
+        internal static extern IntPtr Matrix4x4TransformDirection(IntPtr self, IntPtr direction);
+
+        [DllImport(Library, EntryPoint = "CSharp_Velarion_Transform_transformPosition")]
+        internal static extern IntPtr TransformTransformPosition(IntPtr self, IntPtr position);
+
+        [DllImport(Library, EntryPoint = "CSharp_Velarion_Transform_transformDirection")]
+        internal static extern IntPtr TransformTransformDirection(IntPtr self, IntPtr direction);
+
+        [DllImport(Library, EntryPoint = "CSharp_Velarion_Alignment_fromDevicePositionToTrackingPosition")]
+        internal static extern IntPtr AlignmentDevicePositionToTracking(IntPtr self, IntPtr position);
+
+        [DllImport(Library, EntryPoint = "CSharp_Velarion_Alignment_fromDeviceDirectionToTrackingDirection")]
+        internal static extern IntPtr AlignmentDeviceDirectionToTracking(IntPtr self, IntPtr direction);
+
+        [DllImport(Library, EntryPoint = "CSharp_Velarion_Alignment_fromTrackingPositionToDevicePosition")]
+        internal static extern IntPtr AlignmentTrackingPositionToDevice(IntPtr self, IntPtr position);
+
+        [DllImport(Library, EntryPoint = "CSharp_Velarion_Alignment_fromTrackingDirectionToDeviceDirection")]
+        internal static extern IntPtr AlignmentTrackingDirectionToDevice(IntPtr self, IntPtr direction);
     }
 }

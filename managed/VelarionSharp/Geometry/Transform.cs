@@ -68,12 +68,12 @@ namespace Velarion
         public NVector3 TransformDirection(NVector3 direction) => transformDirection(direction);
 
         /// <summary>The point <paramref name="position"/> mapped by this transform, computed natively; nothing is left to dispose.</summary>
-        public Numerics.Vector3 TransformPosition(Numerics.Vector3 position) =>
-            NativeResult.Vector(this, position, (t, p) => t.transformPosition(p));
+        public unsafe Numerics.Vector3 TransformPosition(Numerics.Vector3 position) =>
+            NativeResult.Take(velarionPINVOKE.TransformTransformPosition(NativeResult.Self(getCPtr(this), this), (IntPtr)(&position)), this);
 
         /// <summary>The direction <paramref name="direction"/> turned by the basis, computed natively; nothing is left to dispose.</summary>
-        public Numerics.Vector3 TransformDirection(Numerics.Vector3 direction) =>
-            NativeResult.Vector(this, direction, (t, d) => t.transformDirection(d));
+        public unsafe Numerics.Vector3 TransformDirection(Numerics.Vector3 direction) =>
+            NativeResult.Take(velarionPINVOKE.TransformTransformDirection(NativeResult.Self(getCPtr(this), this), (IntPtr)(&direction)), this);
 
         /// <summary>
         /// This transform as a <see cref="Numerics.Matrix4x4"/> in its row-vector
