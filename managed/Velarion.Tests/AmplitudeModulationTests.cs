@@ -101,7 +101,7 @@ namespace Velarion.Tests
             points.add(point);
             Assert.Equal("index", Assert.Throws<ArgumentOutOfRangeException>(() => points.get(1)).ParamName);
             Assert.Throws<ArgumentOutOfRangeException>(() => points.set(1, point));
-            using (var stored = points.get(0)) Assert.Equal(0.01f, stored.getPosition().x);
+            using (var stored = points.get(0)) Assert.Equal(0.01f, stored.getPosition().X);
             points.remove(7);
             Assert.Equal(1u, points.length());
         }
