@@ -68,6 +68,8 @@ namespace Velarion.Tests
                 Thread.CurrentThread.CurrentCulture = CultureInfo.GetCultureInfo("de-DE");
                 using var v = new NVector3(0.5f, -2, 1e-7f);
                 Assert.Equal("(0.5, -2, 1E-07)", v.ToString());
+                Assert.Equal("(0,50, -2,00, 0,00)", $"{v:0.00}");
+                Assert.Equal("(0.5, -2.0, 0.0)", v.ToString("0.0", CultureInfo.InvariantCulture));
                 using var q = new Quaternion(0, 0, 0.25f, 1);
                 Assert.Equal("(0, 0, 0.25, 1)", q.ToString());
             }

@@ -18,7 +18,7 @@ namespace Velarion
     /// <see cref="Numerics.Vector3"/>, which has the same components and
     /// conventions.
     /// </remarks>
-    public partial class NVector3 : IEquatable<NVector3>
+    public partial class NVector3 : IEquatable<NVector3>, IFormattable
     {
         /// <summary>The first component.</summary>
         public float X { get => x; set => x = value; }
@@ -126,6 +126,14 @@ namespace Velarion
         /// <summary>The components as "(x, y, z)", in the invariant culture and round-trip precision.</summary>
         public override string ToString() => Text.Tuple(x, y, z);
 
+        /// <summary>
+        /// The components as "(x, y, z)", each formatted with <paramref name="format"/>
+        /// (a <see cref="float"/> format such as "0.###") and <paramref name="formatProvider"/>
+        /// (the current culture when null, as for any .NET number).
+        /// </summary>
+        public string ToString(string format, IFormatProvider formatProvider) =>
+            Text.Tuple(format, formatProvider, x, y, z);
+
         // A null left operand is reported as the native side reports a null right one.
         private static NVector3 Operand(NVector3 value) =>
             value ?? throw new ArgumentNullException(nameof(value), "Velarion::Vector3 const & type is null");
@@ -133,10 +141,12 @@ namespace Velarion
 
     internal static class Text
     {
-        internal static string Tuple(params float[] values)
+        internal static string Tuple(params float[] values) => Tuple(null, CultureInfo.InvariantCulture, values);
+
+        internal static string Tuple(string format, IFormatProvider provider, params float[] values)
         {
             var parts = new string[values.Length];
-            for (int i = 0; i < values.Length; ++i) parts[i] = values[i].ToString(CultureInfo.InvariantCulture);
+            for (int i = 0; i < values.Length; ++i) parts[i] = values[i].ToString(format, provider);
             return "(" + string.Join(", ", parts) + ")";
         }
 

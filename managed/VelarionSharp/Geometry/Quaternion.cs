@@ -35,7 +35,7 @@ namespace Velarion
     /// right operand, which a C# operator would hide. Add component-wise on
     /// <see cref="ToNumerics"/> instead.
     /// </remarks>
-    public partial class Quaternion : IEquatable<Quaternion>
+    public partial class Quaternion : IEquatable<Quaternion>, IFormattable
     {
         /// <summary>The first imaginary component (i).</summary>
         public float X => x();
@@ -149,5 +149,12 @@ namespace Velarion
 
         /// <summary>The components as "(x, y, z, w)", in the invariant culture.</summary>
         public override string ToString() => Text.Tuple(x(), y(), z(), w());
+
+        /// <summary>
+        /// The components as "(x, y, z, w)", each formatted with <paramref name="format"/>
+        /// and <paramref name="formatProvider"/> (the current culture when null, as for any .NET number).
+        /// </summary>
+        public string ToString(string format, IFormatProvider formatProvider) =>
+            Text.Tuple(format, formatProvider, x(), y(), z(), w());
     }
 }
