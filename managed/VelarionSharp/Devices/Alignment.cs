@@ -33,20 +33,20 @@ namespace Velarion
             fromTrackingDirectionToDeviceDirection(direction);
 
         /// <summary>The device-frame position <paramref name="position"/> in the tracking frame; nothing is left to dispose.</summary>
-        public unsafe Numerics.Vector3 FromDevicePositionToTrackingPosition(Numerics.Vector3 position) =>
-            NativeResult.Take(velarionPINVOKE.AlignmentDevicePositionToTracking(NativeResult.Self(getCPtr(this), this), (IntPtr)(&position)), this);
+        public Numerics.Vector3 FromDevicePositionToTrackingPosition(Numerics.Vector3 position) =>
+            NativeResult.Apply(getCPtr(this), this, position, velarionPINVOKE.AlignmentDevicePositionToTracking);
 
         /// <summary>The device-frame direction <paramref name="direction"/> in the tracking frame; nothing is left to dispose.</summary>
-        public unsafe Numerics.Vector3 FromDeviceDirectionToTrackingDirection(Numerics.Vector3 direction) =>
-            NativeResult.Take(velarionPINVOKE.AlignmentDeviceDirectionToTracking(NativeResult.Self(getCPtr(this), this), (IntPtr)(&direction)), this);
+        public Numerics.Vector3 FromDeviceDirectionToTrackingDirection(Numerics.Vector3 direction) =>
+            NativeResult.Apply(getCPtr(this), this, direction, velarionPINVOKE.AlignmentDeviceDirectionToTracking);
 
         /// <summary>The tracking-frame position <paramref name="position"/> in the device frame; nothing is left to dispose.</summary>
-        public unsafe Numerics.Vector3 FromTrackingPositionToDevicePosition(Numerics.Vector3 position) =>
-            NativeResult.Take(velarionPINVOKE.AlignmentTrackingPositionToDevice(NativeResult.Self(getCPtr(this), this), (IntPtr)(&position)), this);
+        public Numerics.Vector3 FromTrackingPositionToDevicePosition(Numerics.Vector3 position) =>
+            NativeResult.Apply(getCPtr(this), this, position, velarionPINVOKE.AlignmentTrackingPositionToDevice);
 
         /// <summary>The tracking-frame direction <paramref name="direction"/> in the device frame; nothing is left to dispose.</summary>
-        public unsafe Numerics.Vector3 FromTrackingDirectionToDeviceDirection(Numerics.Vector3 direction) =>
-            NativeResult.Take(velarionPINVOKE.AlignmentTrackingDirectionToDevice(NativeResult.Self(getCPtr(this), this), (IntPtr)(&direction)), this);
+        public Numerics.Vector3 FromTrackingDirectionToDeviceDirection(Numerics.Vector3 direction) =>
+            NativeResult.Apply(getCPtr(this), this, direction, velarionPINVOKE.AlignmentTrackingDirectionToDevice);
 
         /// <summary>
         /// Writes the device-to-tracking transform into the first sixteen

@@ -94,16 +94,15 @@ namespace Velarion
         }
 
         /// <summary>
-        /// Enumerates the elements, lent out. Changing the container while
+        /// Enumerates the elements, lent out. Adding or removing elements while
         /// enumerating makes the next step throw <see cref="InvalidOperationException"/>.
         /// </summary>
         public IEnumerator<Transducer> GetEnumerator()
         {
-            int start = version;
             int count = Count;
             for (int i = 0; i < count; ++i)
             {
-                if (version != start) throw new InvalidOperationException("the container changed during the enumeration");
+                if (Count != count) throw new InvalidOperationException("the container changed during the enumeration");
                 yield return at((uint)i);
             }
         }

@@ -92,15 +92,15 @@ namespace Velarion
         /// The position <paramref name="position"/> moved by this matrix, computed
         /// natively; nothing is left to dispose.
         /// </summary>
-        public unsafe Numerics.Vector3 TransformPosition(Numerics.Vector3 position) =>
-            NativeResult.Take(velarionPINVOKE.Matrix4x4TransformPosition(NativeResult.Self(getCPtr(this), this), (IntPtr)(&position)), this);
+        public Numerics.Vector3 TransformPosition(Numerics.Vector3 position) =>
+            NativeResult.Apply(getCPtr(this), this, position, velarionPINVOKE.Matrix4x4TransformPosition);
 
         /// <summary>
         /// The direction <paramref name="direction"/> turned by this matrix (no
         /// translation), computed natively; nothing is left to dispose.
         /// </summary>
-        public unsafe Numerics.Vector3 TransformDirection(Numerics.Vector3 direction) =>
-            NativeResult.Take(velarionPINVOKE.Matrix4x4TransformDirection(NativeResult.Self(getCPtr(this), this), (IntPtr)(&direction)), this);
+        public Numerics.Vector3 TransformDirection(Numerics.Vector3 direction) =>
+            NativeResult.Apply(getCPtr(this), this, direction, velarionPINVOKE.Matrix4x4TransformDirection);
 
         /// <summary>This matrix in <see cref="Numerics.Matrix4x4"/>'s row-vector convention (transposed, rounded to float).</summary>
         public Numerics.Matrix4x4 ToNumerics()

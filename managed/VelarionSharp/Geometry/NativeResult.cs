@@ -10,15 +10,37 @@ namespace Velarion
     // floats), and the native result is read and freed at once.
     internal static class NativeResult
     {
-        internal static IntPtr Self(HandleRef handle, object owner)
+        // `self` is the proxy's handle as its getCPtr gives it: a SafeHandle is
+        // held for the call, so a Dispose on another thread cannot free the
+        // object under it.
+        internal static Numerics.Vector3 Apply(SafeHandle self, object owner, Numerics.Vector3 operand,
+                                               Func<IntPtr, IntPtr, IntPtr> operation)
         {
-            if (handle.Handle == IntPtr.Zero) throw new ObjectDisposedException(owner.GetType().Name);
-            return handle.Handle;
+            bool added = false;
+            try
+            {
+                self.DangerousAddRef(ref added);
+                return Run(self.DangerousGetHandle(), operand, operation);
+            }
+            finally
+            {
+                if (added) self.DangerousRelease();
+                GC.KeepAlive(owner);
+            }
         }
 
-        internal static unsafe Numerics.Vector3 Take(IntPtr result, object owner)
+        internal static Numerics.Vector3 Apply(HandleRef self, object owner, Numerics.Vector3 operand,
+                                               Func<IntPtr, IntPtr, IntPtr> operation)
         {
+            if (self.Handle == IntPtr.Zero) throw new ObjectDisposedException(owner.GetType().Name);
+            Numerics.Vector3 result = Run(self.Handle, operand, operation);
             GC.KeepAlive(owner);
+            return result;
+        }
+
+        private static unsafe Numerics.Vector3 Run(IntPtr self, Numerics.Vector3 operand, Func<IntPtr, IntPtr, IntPtr> operation)
+        {
+            IntPtr result = operation(self, (IntPtr)(&operand));
             if (velarionPINVOKE.SWIGPendingException.Pending) throw velarionPINVOKE.SWIGPendingException.Retrieve();
             if (result == IntPtr.Zero) throw new OutOfMemoryException("the native result could not be allocated");
             Numerics.Vector3 value = *(Numerics.Vector3*)result;

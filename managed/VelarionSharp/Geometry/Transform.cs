@@ -68,12 +68,12 @@ namespace Velarion
         public NVector3 TransformDirection(NVector3 direction) => transformDirection(direction);
 
         /// <summary>The point <paramref name="position"/> mapped by this transform, computed natively; nothing is left to dispose.</summary>
-        public unsafe Numerics.Vector3 TransformPosition(Numerics.Vector3 position) =>
-            NativeResult.Take(velarionPINVOKE.TransformTransformPosition(NativeResult.Self(getCPtr(this), this), (IntPtr)(&position)), this);
+        public Numerics.Vector3 TransformPosition(Numerics.Vector3 position) =>
+            NativeResult.Apply(getCPtr(this), this, position, velarionPINVOKE.TransformTransformPosition);
 
         /// <summary>The direction <paramref name="direction"/> turned by the basis, computed natively; nothing is left to dispose.</summary>
-        public unsafe Numerics.Vector3 TransformDirection(Numerics.Vector3 direction) =>
-            NativeResult.Take(velarionPINVOKE.TransformTransformDirection(NativeResult.Self(getCPtr(this), this), (IntPtr)(&direction)), this);
+        public Numerics.Vector3 TransformDirection(Numerics.Vector3 direction) =>
+            NativeResult.Apply(getCPtr(this), this, direction, velarionPINVOKE.TransformTransformDirection);
 
         /// <summary>
         /// This transform as a <see cref="Numerics.Matrix4x4"/> in its row-vector
