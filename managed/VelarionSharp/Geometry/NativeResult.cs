@@ -10,32 +10,38 @@ namespace Velarion
     // floats), and the native result is read and freed at once.
     internal static class NativeResult
     {
-        // `self` is the proxy's handle as its getCPtr gives it: a SafeHandle is
+        // `self` is the proxy's handle as its getCPtr gives it. A SafeHandle is
         // held for the call, so a Dispose on another thread cannot free the
         // object under it.
-        internal static Numerics.Vector3 Apply(SafeHandle self, object owner, Numerics.Vector3 operand,
-                                               Func<IntPtr, IntPtr, IntPtr> operation)
+        internal static Numerics.Vector3 Apply<THandle>(THandle self, object owner, Numerics.Vector3 operand,
+                                                        Func<IntPtr, IntPtr, IntPtr> operation)
         {
-            bool added = false;
             try
             {
-                self.DangerousAddRef(ref added);
-                return Run(self.DangerousGetHandle(), operand, operation);
+                if (self is SafeHandle safe)
+                {
+                    bool added = false;
+                    try
+                    {
+                        safe.DangerousAddRef(ref added);
+                        return Run(safe.DangerousGetHandle(), operand, operation);
+                    }
+                    finally
+                    {
+                        if (added) safe.DangerousRelease();
+                    }
+                }
+                if (self is HandleRef raw)
+                {
+                    if (raw.Handle == IntPtr.Zero) throw new ObjectDisposedException(owner.GetType().Name);
+                    return Run(raw.Handle, operand, operation);
+                }
+                throw new NotSupportedException(typeof(THandle).Name);
             }
             finally
             {
-                if (added) self.DangerousRelease();
                 GC.KeepAlive(owner);
             }
-        }
-
-        internal static Numerics.Vector3 Apply(HandleRef self, object owner, Numerics.Vector3 operand,
-                                               Func<IntPtr, IntPtr, IntPtr> operation)
-        {
-            if (self.Handle == IntPtr.Zero) throw new ObjectDisposedException(owner.GetType().Name);
-            Numerics.Vector3 result = Run(self.Handle, operand, operation);
-            GC.KeepAlive(owner);
-            return result;
         }
 
         private static unsafe Numerics.Vector3 Run(IntPtr self, Numerics.Vector3 operand, Func<IntPtr, IntPtr, IntPtr> operation)
