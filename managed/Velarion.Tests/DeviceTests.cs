@@ -148,6 +148,14 @@ namespace Velarion.Tests
             Assert.True(System.Numerics.Vector3.Distance(inTracking, viaMatrix) < 1e-6f);
             Assert.True(System.Numerics.Vector3.Distance(point, alignment.FromTrackingPositionToDevicePosition(inTracking)) < 1e-6f);
             Assert.Equal(new System.Numerics.Vector3(0, 0, 1), alignment.FromDeviceDirectionToTrackingDirection(System.Numerics.Vector3.UnitZ));
+
+            // An alignment made from a System.Numerics transform maps as that transform does.
+            var placed = System.Numerics.Matrix4x4.CreateRotationY(0.4f) * System.Numerics.Matrix4x4.CreateTranslation(0.1f, 0.2f, -0.3f);
+            using var made = Alignment.FromNumerics(placed);
+            Assert.True(System.Numerics.Vector3.Distance(System.Numerics.Vector3.Transform(point, placed),
+                                                         made.FromDevicePositionToTrackingPosition(point)) < 1e-6f);
+            var roundTrip = made.GetDeviceToTrackingTransform();
+            Assert.True(System.Numerics.Vector3.Distance(placed.Translation, roundTrip.Translation) < 1e-6f);
         }
 
         [Fact]

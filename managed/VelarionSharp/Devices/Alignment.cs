@@ -96,6 +96,22 @@ namespace Velarion
         }
 
         /// <summary>
+        /// A new alignment whose device-to-tracking transform is the rigid
+        /// <paramref name="deviceToTracking"/>, given in
+        /// <see cref="Numerics.Matrix4x4"/>'s row-vector convention (as
+        /// <see cref="GetDeviceToTrackingTransform"/> returns it); the fourth
+        /// column is ignored.
+        /// </summary>
+        public static Alignment FromNumerics(Numerics.Matrix4x4 deviceToTracking)
+        {
+            Numerics.Matrix4x4 m = deviceToTracking;
+            return new Alignment(m.M11, m.M21, m.M31,
+                                 m.M12, m.M22, m.M32,
+                                 m.M13, m.M23, m.M33,
+                                 m.M41, m.M42, m.M43);
+        }
+
+        /// <summary>
         /// Replaces this alignment with the one in the file at
         /// <paramref name="path"/>. False, and this alignment unchanged, when
         /// the file cannot be read or is malformed (the device library logs why).
