@@ -10,6 +10,7 @@
 
 #include "Velarion/AmplitudeModulation/ControlPoint.h"
 #include "Velarion/AmplitudeModulation/Emitter.h"
+#include "Velarion/TimePointStreaming/Emitter.h"
 #include "VelarionEmulator/AmplitudeModulation.h"
 #include "VelarionEmulator/Devices.h"
 #include "VelarionEmulator/Field.h"
@@ -152,4 +153,16 @@ TEST_F(PressureField, DevicesAndPointsAreDescribedInEmitterSpace) {
   const std::vector<float> value = map(emitter, one);
   EXPECT_NEAR(value[0], emulator::pressureAmplitudeAt(Vector3(-0.1f, 0.02f, 0.15f)) / std::sqrt(2.0f),
               value[0] * 1e-4f);
+}
+
+TEST_F(PressureField, StreamingEmittersDescribeTheirDevicesToo) {
+  Velarion::TimePointStreaming::Emitter streaming(kOtherDevice, Transform::translation(Vector3(0.0f, 0.05f, 0.0f)));
+  VelarionEmulatorFieldDevice device;
+  ASSERT_EQ(VelarionEmulator_Streaming_fieldDevices(&streaming, &device, 1), 1);
+  EXPECT_STREQ(device.identifier, kOtherDevice);
+  EXPECT_EQ(device.transducers, 100u);
+  EXPECT_FLOAT_EQ(device.corners[0][1], 0.05f - 0.043f);
+  EXPECT_FLOAT_EQ(device.corners[2][1], 0.05f + 0.043f);
+  Emitter amplitudeModulation(kDevice, Transform());
+  EXPECT_EQ(VelarionEmulator_Streaming_fieldDevices(&amplitudeModulation, nullptr, 0), field::kUnknownEmitter);
 }

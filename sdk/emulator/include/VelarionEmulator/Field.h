@@ -35,7 +35,7 @@ struct VelarionEmulatorFieldDevice {
   float corners[4][3];    // the array's outline in emitter space, in order around it
   float centre[3];
   float normal[3];        // the way the array faces
-  uint32_t transducers;   // elements driven in the current frame; 0 while silent
+  uint32_t transducers;   // elements in the current frame; 0 while silent
   uint32_t present;       // still connected and held by the emitter
 };
 
@@ -87,6 +87,11 @@ VELARION_API int VelarionEmulator_AmplitudeModulation_pressureField(const void* 
 VELARION_API int32_t VelarionEmulator_AmplitudeModulation_fieldDevices(const void* emitter,
                                                                       VelarionEmulatorFieldDevice* out,
                                                                       uint32_t capacity);
+
+// The same for a Velarion::TimePointStreaming::Emitter; `transducers` is then
+// the device's element count.
+VELARION_API int32_t VelarionEmulator_Streaming_fieldDevices(const void* emitter, VelarionEmulatorFieldDevice* out,
+                                                            uint32_t capacity);
 
 // The control points of the emitter's last update (none after stop): their
 // count, or kUnknownEmitter; written as fieldDevices writes.

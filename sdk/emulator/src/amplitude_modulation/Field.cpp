@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "amplitude_modulation/EmitterImplementation.h"
+#include "common/DeviceOutline.h"
 
 using Velarion::Vector3;
 using Velarion::AmplitudeModulation::Emitter;
@@ -67,45 +68,6 @@ Vector3 gridPoint(const VelarionEmulatorFieldGrid& g, uint32_t column, uint32_t 
     return double(g.origin[i]) + double(column) * g.columnStep[i] + double(row) * g.rowStep[i];
   };
   return Vector3(float(at(0)), float(at(1)), float(at(2)));
-}
-
-void copyIdentifier(const std::string& identifier, char (&out)[128]) {
-  const std::size_t n = std::min(identifier.size(), sizeof out - 1);
-  std::memcpy(out, identifier.data(), n);
-  out[n] = '\0';
-}
-
-void store(const Vector3& v, float (&out)[3]) {
-  out[0] = v.x;
-  out[1] = v.y;
-  out[2] = v.z;
-}
-
-// The outline is the array's stated size, centred on its elements, in the
-// plane of the elements; placed in emitter space by the device's transform.
-VelarionEmulatorFieldDevice describe(const Velarion::AmplitudeModulation::HeldDevice& d, uint32_t driven) {
-  VelarionEmulatorFieldDevice out{};
-  copyIdentifier(d.identifier, out.identifier);
-  double low[3] = {0, 0, 0}, high[3] = {0, 0, 0};
-  for (std::size_t i = 0; i < d.layout.size(); ++i) {
-    const double p[3] = {d.layout[i].x_position, d.layout[i].y_position, d.layout[i].z_position};
-    for (int a = 0; a < 3; ++a) {
-      low[a] = i == 0 ? p[a] : std::min(low[a], p[a]);
-      high[a] = i == 0 ? p[a] : std::max(high[a], p[a]);
-    }
-  }
-  const double cx = (low[0] + high[0]) / 2, cy = (low[1] + high[1]) / 2, cz = (low[2] + high[2]) / 2;
-  const double w = d.arrayWidth / 2, h = d.arrayDepth / 2;
-  const double corners[4][2] = {{-w, -h}, {w, -h}, {w, h}, {-w, h}};
-  for (int c = 0; c < 4; ++c) {
-    const Vector3 local(float(cx + corners[c][0]), float(cy + corners[c][1]), float(cz));
-    store(d.transform.transformPosition(local), out.corners[c]);
-  }
-  store(d.transform.transformPosition(Vector3(float(cx), float(cy), float(cz))), out.centre);
-  store(d.transform.transformDirection(Vector3(0, 0, 1)).normalize(), out.normal);
-  out.transducers = driven;
-  out.present = d.present ? 1u : 0u;
-  return out;
 }
 
 // One element's contribution, with everything that does not depend on the
@@ -238,7 +200,7 @@ int32_t VelarionEmulator_AmplitudeModulation_fieldDevices(const void* emitter, V
       for (const DeviceDrive& drive : drives) {
         if (drive.deviceIdentifier == e.devices[i]->identifier) driven = uint32_t(drive.transducers.size());
       }
-      out[i] = field::describe(*e.devices[i], driven);
+      out[i] = VelarionEmulator::internal::describeDevice(*e.devices[i], e.devices[i]->layout, driven);
     }
   });
   return found ? count : field::kUnknownEmitter;
