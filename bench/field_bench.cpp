@@ -32,7 +32,8 @@ void Map(benchmark::State& state) {
   const VelarionEmulatorFieldGrid g = grid(state.range(0) != 0, n);
   std::vector<float> values(std::size_t(n) * n);
   for (auto _ : state) {
-    if (VelarionEmulator_AmplitudeModulation_pressureField(&emitter, &g, values.data(), values.size()) != 0) {
+    if (VelarionEmulator_AmplitudeModulation_pressureField(&emitter, &g, VelarionEmulator::Field::kEnvelopePeak, values.data(),
+                                                            values.size()) != 0) {
       state.SkipWithError("map refused");
     }
     benchmark::DoNotOptimize(values.data());

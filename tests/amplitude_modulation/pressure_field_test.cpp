@@ -40,9 +40,11 @@ class PressureField : public ::testing::Test {
     ASSERT_TRUE(e.update(&p, 1));
   }
 
-  static std::vector<float> map(const Emitter& e, const VelarionEmulatorFieldGrid& grid, int expected = field::kOk) {
+  static std::vector<float> map(const Emitter& e, const VelarionEmulatorFieldGrid& grid,
+                                int moment = field::kCurrentFrame) {
     std::vector<float> values(std::size_t(grid.columns) * grid.rows, -1.0f);
-    EXPECT_EQ(VelarionEmulator_AmplitudeModulation_pressureField(&e, &grid, values.data(), values.size()), expected);
+    EXPECT_EQ(VelarionEmulator_AmplitudeModulation_pressureField(&e, &grid, moment, values.data(), values.size()),
+              field::kOk);
     return values;
   }
 };
@@ -74,6 +76,18 @@ TEST_F(PressureField, EveryCellHoldsThePointQueryAtItsPositionAsRms) {
   EXPECT_EQ(brightest, 5u * grid.columns + 5u) << "the brightest cell is the focus at (0, 0.2)";
 }
 
+TEST_F(PressureField, ThePeakOfTheEnvelopeIsMappedWhateverTheMoment) {
+  Emitter emitter(kDevice, Transform());
+  focus(emitter, Vector3(0.0f, 0.0f, 0.2f));  // at sample 0: the top of its envelope
+  const VelarionEmulatorFieldGrid grid = slice(5, 4);
+  const std::vector<float> atTop = map(emitter, grid);
+  EXPECT_EQ(map(emitter, grid, field::kEnvelopePeak), atTop);
+
+  emulator::step(emitter, 40);  // half of a 200 Hz period at 16 kHz: the envelope is at 0
+  for (float v : map(emitter, grid)) EXPECT_EQ(v, 0.0f);
+  EXPECT_EQ(map(emitter, grid, field::kEnvelopePeak), atTop);
+}
+
 TEST_F(PressureField, OnlyTheEmittersOwnDevicesCountAndASilentEmitterMapsToZero) {
   Emitter first(kDevice, Transform());
   Emitter second(kOtherDevice, Transform::translation(Vector3(0.3f, 0.0f, 0.0f)));
@@ -92,6 +106,7 @@ TEST_F(PressureField, OnlyTheEmittersOwnDevicesCountAndASilentEmitterMapsToZero)
 
   ASSERT_TRUE(second.stop());
   EXPECT_EQ(map(second, grid), std::vector<float>(2, 0.0f));
+  EXPECT_EQ(map(second, grid, field::kEnvelopePeak), std::vector<float>(2, 0.0f));
   EXPECT_EQ(VelarionEmulator_AmplitudeModulation_fieldPoints(&second, nullptr, 0), 0);
 }
 
@@ -100,7 +115,7 @@ TEST_F(PressureField, RefusesUnknownEmittersAndBadGridsWithoutWriting) {
   focus(emitter, Vector3(0.0f, 0.0f, 0.2f));
   float values[4] = {-1, -1, -1, -1};
   const VelarionEmulatorFieldGrid good = slice(2, 2);
-  EXPECT_EQ(VelarionEmulator_AmplitudeModulation_pressureField(nullptr, &good, values, 4), field::kUnknownEmitter);
+  EXPECT_EQ(VelarionEmulator_AmplitudeModulation_pressureField(nullptr, &good, 0, values, 4), field::kUnknownEmitter);
   EXPECT_EQ(VelarionEmulator_AmplitudeModulation_fieldDevices(nullptr, nullptr, 0), field::kUnknownEmitter);
   EXPECT_EQ(VelarionEmulator_AmplitudeModulation_fieldPoints(nullptr, nullptr, 0), field::kUnknownEmitter);
 
@@ -108,12 +123,13 @@ TEST_F(PressureField, RefusesUnknownEmittersAndBadGridsWithoutWriting) {
   empty.rows = 0;
   notFinite.rowStep[2] = std::nanf("");
   huge.columns = huge.rows = 1u << 20;  // 2^40 points
-  EXPECT_EQ(VelarionEmulator_AmplitudeModulation_pressureField(&emitter, nullptr, values, 4), field::kInvalidGrid);
+  EXPECT_EQ(VelarionEmulator_AmplitudeModulation_pressureField(&emitter, nullptr, 0, values, 4), field::kInvalidGrid);
   for (const auto& bad : {empty, notFinite, huge}) {
-    EXPECT_EQ(VelarionEmulator_AmplitudeModulation_pressureField(&emitter, &bad, values, 4), field::kInvalidGrid);
+    EXPECT_EQ(VelarionEmulator_AmplitudeModulation_pressureField(&emitter, &bad, 0, values, 4), field::kInvalidGrid);
   }
-  EXPECT_EQ(VelarionEmulator_AmplitudeModulation_pressureField(&emitter, &good, values, 3), field::kBufferTooSmall);
-  EXPECT_EQ(VelarionEmulator_AmplitudeModulation_pressureField(&emitter, &good, nullptr, 4), field::kBufferTooSmall);
+  EXPECT_EQ(VelarionEmulator_AmplitudeModulation_pressureField(&emitter, &good, 0, values, 3), field::kBufferTooSmall);
+  EXPECT_EQ(VelarionEmulator_AmplitudeModulation_pressureField(&emitter, &good, 0, nullptr, 4), field::kBufferTooSmall);
+  EXPECT_EQ(VelarionEmulator_AmplitudeModulation_pressureField(&emitter, &good, 2, values, 4), field::kInvalidMoment);
   for (float v : values) EXPECT_EQ(v, -1.0f);
 }
 

@@ -1,9 +1,11 @@
 // Pressure maps: the field an amplitude modulation emitter makes now, on a
 // grid of points, by the acoustic model of VelarionEmulator/AmplitudeModulation.h.
 //
-// A map is computed from one frame: the drive every device of the emitter
-// emits at the moment of the call (under manual stepping, the sample last
-// stepped to). Values are the RMS of the 40 kHz carrier in pascals, that is
+// A map is computed from one frame of every device of the emitter: either the
+// frame it emits at the moment of the call (under manual stepping, the sample
+// last stepped to), or the frame it would emit with every control point at
+// the top of its modulation envelope, which shows where the pressure goes
+// whatever the moment. Values are the RMS of the 40 kHz carrier in pascals, that is
 // the carrier amplitude pressureAt() gives divided by sqrt 2, and only the
 // emitter's own devices contribute. Rows are computed on several threads.
 #pragma once
@@ -56,13 +58,18 @@ constexpr int kOk = 0;
 constexpr int kUnknownEmitter = -1;   // not a live emulated amplitude modulation emitter
 constexpr int kInvalidGrid = -2;      // null, empty, too many points or not finite
 constexpr int kBufferTooSmall = -3;
+constexpr int kInvalidMoment = -4;
+
+// Which frame a map shows.
+constexpr int kCurrentFrame = 0;
+constexpr int kEnvelopePeak = 1;
 
 // Points one map may hold; keeps a typo in a size from exhausting memory.
 constexpr uint64_t kMaximumPoints = uint64_t(1) << 26;
 
-// The frames the emitter's devices emit now; empty while it is silent.
+// The frames of the emitter's devices at `moment`; empty while it is silent.
 VELARION_API std::vector<AmplitudeModulation::DeviceDrive> drivesOf(
-    const Velarion::AmplitudeModulation::Emitter& emitter);
+    const Velarion::AmplitudeModulation::Emitter& emitter, int moment);
 
 // RMS carrier pressure (Pa) at every grid point from the given frames, all
 // in one space. `values` holds columns * rows floats.
@@ -75,12 +82,12 @@ VELARION_API void rmsPressure(const std::vector<AmplitudeModulation::DeviceDrive
 extern "C" {
 
 // Fills `values` (capacity floats, columns * rows needed) with the map of the
-// emitter's current frame. `emitter` is the Velarion::AmplitudeModulation::Emitter.
+// emitter's frame at `moment` (kCurrentFrame or kEnvelopePeak). `emitter` is the Velarion::AmplitudeModulation::Emitter.
 // Returns kOk or one of the negative results above; on failure `values` is
 // left untouched.
 VELARION_API int VelarionEmulator_AmplitudeModulation_pressureField(const void* emitter,
                                                                     const VelarionEmulatorFieldGrid* grid,
-                                                                    float* values, uint64_t capacity);
+                                                                    int moment, float* values, uint64_t capacity);
 
 // The emitter's devices: their count, or kUnknownEmitter. With a null `out`
 // only counts; otherwise writes min(count, capacity) entries.
@@ -92,6 +99,10 @@ VELARION_API int32_t VelarionEmulator_AmplitudeModulation_fieldDevices(const voi
 // the device's element count.
 VELARION_API int32_t VelarionEmulator_Streaming_fieldDevices(const void* emitter, VelarionEmulatorFieldDevice* out,
                                                             uint32_t capacity);
+
+// Whether manual stepping is on (see VelarionEmulator/AmplitudeModulation.h):
+// 1 or 0. Maps of a chosen moment need it.
+VELARION_API int VelarionEmulator_AmplitudeModulation_manualStepping(void);
 
 // The control points of the emitter's last update (none after stop): their
 // count, or kUnknownEmitter; written as fieldDevices writes.

@@ -43,14 +43,23 @@ bool withEmitter(const void* handle, F&& f) {
 }
 
 // Under the emitter's lock; the drive board's lock comes after it.
-std::vector<DeviceDrive> drivesLocked(const EmitterImplementation& e) {
+std::vector<DeviceDrive> drivesLocked(const EmitterImplementation& e, int moment) {
   std::vector<DeviceDrive> drives;
   if (!e.emitting) return drives;
+  // Every point at the top of its envelope: frequency 0 and a fixed phase of
+  // 0 hold each envelope at 1, whatever the waveform.
+  std::vector<am::PointState> peak = e.points;
+  for (am::PointState& p : peak) {
+    p.frequency = 0.0f;
+    p.phaseAngle = 0.0f;
+    p.autoPhase = false;
+  }
   for (const auto& d : e.devices) {
     if (!d->present) continue;
-    if (auto drive = am::DriveBoard::instance().find(static_cast<const void*>(d.get()))) {
-      drives.push_back(std::move(*drive));
-    }
+    auto drive = am::DriveBoard::instance().find(static_cast<const void*>(d.get()));
+    if (!drive) continue;
+    if (moment == kEnvelopePeak) drive->transducers = am::render(d->placed, peak, 0, e.settings);
+    drives.push_back(std::move(*drive));
   }
   return drives;
 }
@@ -140,9 +149,9 @@ std::complex<double> pressureAt(const std::vector<Frame>& frames, const Vector3&
 
 }  // namespace
 
-std::vector<DeviceDrive> drivesOf(const Emitter& emitter) {
+std::vector<DeviceDrive> drivesOf(const Emitter& emitter, int moment) {
   std::vector<DeviceDrive> drives;
-  withEmitter(&emitter, [&](const EmitterImplementation& e) { drives = drivesLocked(e); });
+  withEmitter(&emitter, [&](const EmitterImplementation& e) { drives = drivesLocked(e, moment); });
   return drives;
 }
 
@@ -172,10 +181,11 @@ void rmsPressure(const std::vector<DeviceDrive>& drives, const VelarionEmulatorF
 extern "C" {
 
 int VelarionEmulator_AmplitudeModulation_pressureField(const void* emitter, const VelarionEmulatorFieldGrid* grid,
-                                                       float* values, uint64_t capacity) {
+                                                       int moment, float* values, uint64_t capacity) {
   namespace field = VelarionEmulator::Field;
+  if (moment != field::kCurrentFrame && moment != field::kEnvelopePeak) return field::kInvalidMoment;
   std::vector<DeviceDrive> drives;
-  if (!field::withEmitter(emitter, [&](const EmitterImplementation& e) { drives = field::drivesLocked(e); })) {
+  if (!field::withEmitter(emitter, [&](const EmitterImplementation& e) { drives = field::drivesLocked(e, moment); })) {
     return field::kUnknownEmitter;
   }
   if (grid == nullptr || !field::valid(*grid)) return field::kInvalidGrid;
@@ -193,7 +203,7 @@ int32_t VelarionEmulator_AmplitudeModulation_fieldDevices(const void* emitter, V
   namespace field = VelarionEmulator::Field;
   int32_t count = 0;
   const bool found = field::withEmitter(emitter, [&](const EmitterImplementation& e) {
-    const std::vector<DeviceDrive> drives = field::drivesLocked(e);
+    const std::vector<DeviceDrive> drives = field::drivesLocked(e, field::kCurrentFrame);
     count = int32_t(e.devices.size());
     for (std::size_t i = 0; out != nullptr && i < e.devices.size() && i < capacity; ++i) {
       uint32_t driven = 0;
@@ -204,6 +214,10 @@ int32_t VelarionEmulator_AmplitudeModulation_fieldDevices(const void* emitter, V
     }
   });
   return found ? count : field::kUnknownEmitter;
+}
+
+int VelarionEmulator_AmplitudeModulation_manualStepping(void) {
+  return VelarionEmulator::AmplitudeModulation::manualStepping() ? 1 : 0;
 }
 
 int32_t VelarionEmulator_AmplitudeModulation_fieldPoints(const void* emitter, VelarionEmulatorFieldPoint* out,
