@@ -90,22 +90,21 @@ struct Source {
 
 struct Frame {
   double k;
+  double pistonFactor;  // (k a / 2)^2
   std::vector<Source> sources;
 };
 
-// The model's piston directivity |2 J1(x) / x|, x = k a sin theta, with the
-// same 12-term series evaluated by Horner's rule on precomputed factors: a
-// map calls it for every element at every point.
-double directivity(double sinTheta, double k) {
-  const double x = k * AmplitudeModulation::kTransducerRadius * sinTheta;
-  if (std::fabs(x) < 1e-9) return 1.0;
-  // J1(x) = (x/2) * sum_m (-(x/2)^2)^m / (m! (m+1)!); 2 J1(x) / x is the sum.
+// The model's piston directivity |2 J1(x) / x|, x = k a sin theta, by the
+// same 12-term series, written in q = (x / 2)^2 = (k a / 2)^2 (1 - cos^2 theta)
+// and evaluated by Horner's rule: a map calls it for every element at every
+// point, and this way it needs no square root.
+double directivity(double q) {
+  // 2 J1(x) / x = sum over m of (-q)^m / (m! (m + 1)!).
   static const auto factors = [] {
     std::array<double, 12> f{};
     for (int m = 1; m < 12; ++m) f[m] = -1.0 / (double(m) * double(m + 1));
     return f;
   }();
-  const double q = (x / 2.0) * (x / 2.0);
   double sum = 1.0;
   for (int m = 11; m >= 1; --m) sum = 1.0 + factors[m] * q * sum;
   return std::fabs(sum);
@@ -114,7 +113,9 @@ double directivity(double sinTheta, double k) {
 std::vector<Frame> prepare(const std::vector<DeviceDrive>& drives) {
   std::vector<Frame> frames;
   for (const DeviceDrive& drive : drives) {
-    Frame f{am::wavenumber(drive.speedOfSound), {}};
+    const double k = am::wavenumber(drive.speedOfSound);
+    const double half = k * AmplitudeModulation::kTransducerRadius / 2.0;
+    Frame f{k, half * half, {}};
     for (const auto& t : drive.transducers) {
       if (t.amplitude <= 0.0f) continue;  // silent elements add nothing
       f.sources.push_back({t.position.x, t.position.y, t.position.z, t.direction.x, t.direction.y, t.direction.z,
@@ -137,9 +138,9 @@ std::complex<double> pressureAt(const std::vector<Frame>& frames, const Vector3&
       const double cosine = length <= 0.0 ? 1.0 : (s.ux * x + s.uy * y + s.uz * z) / length;
       if (cosine <= 0.0) continue;  // a baffled piston radiates forwards only
       const double r = std::max(length, double(AmplitudeModulation::kTransducerRadius));
-      const double sine = std::sqrt(std::max(0.0, 1.0 - cosine * cosine));
+      const double q = f.pistonFactor * std::max(0.0, 1.0 - cosine * cosine);
       const double magnitude =
-          s.strength * directivity(sine, f.k) * std::exp(-AmplitudeModulation::kAirAbsorption * r) / r;
+          s.strength * directivity(q) * std::exp(-AmplitudeModulation::kAirAbsorption * r) / r;
       sum += std::polar(magnitude, s.phase + f.k * r);
     }
     total += sum;
