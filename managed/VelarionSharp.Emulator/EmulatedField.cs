@@ -230,7 +230,7 @@ namespace Velarion.Emulation
                 throw new ArgumentOutOfRangeException(nameof(rows), rows, $"a map holds at most {MaximumPoints} points");
             }
 
-            var handle = AmplitudeModulationEmitter.getCPtr(emitter);
+            IntPtr handle = AmplitudeModulationEmitter.getCPtr(emitter).Handle;
             var devices = ReadDevices(handle, Native.VelarionEmulator_AmplitudeModulation_fieldDevices);
             var focalPoints = ReadFocalPoints(handle);
             float columnStep = columns > 1 ? (plane.Right - plane.Left) / (columns - 1) : 0f;
@@ -258,7 +258,7 @@ namespace Velarion.Emulation
         public static IReadOnlyList<EmulatedArray> Devices(AmplitudeModulationEmitter emitter)
         {
             if (emitter == null) throw new ArgumentNullException(nameof(emitter));
-            var devices = ReadDevices(AmplitudeModulationEmitter.getCPtr(emitter),
+            var devices = ReadDevices(AmplitudeModulationEmitter.getCPtr(emitter).Handle,
                                       Native.VelarionEmulator_AmplitudeModulation_fieldDevices);
             GC.KeepAlive(emitter);
             return devices;
@@ -268,7 +268,7 @@ namespace Velarion.Emulation
         public static IReadOnlyList<EmulatedArray> Devices(TimePointStreamingEmitter emitter)
         {
             if (emitter == null) throw new ArgumentNullException(nameof(emitter));
-            var devices = ReadDevices(TimePointStreamingEmitter.getCPtr(emitter), Native.VelarionEmulator_Streaming_fieldDevices);
+            var devices = ReadDevices(TimePointStreamingEmitter.getCPtr(emitter).Handle, Native.VelarionEmulator_Streaming_fieldDevices);
             GC.KeepAlive(emitter);
             return devices;
         }
@@ -281,9 +281,9 @@ namespace Velarion.Emulation
         public static EmittedPath Path(TimePointStreamingEmitter emitter) =>
             new EmittedPath(EmulatedEmission.Samples(emitter), Devices(emitter));
 
-        private delegate int DeviceQuery(HandleRef emitter, [Out] Native.FieldDevice[] devices, uint capacity);
+        private delegate int DeviceQuery(IntPtr emitter, [Out] Native.FieldDevice[] devices, uint capacity);
 
-        private static IReadOnlyList<EmulatedArray> ReadDevices(HandleRef handle, DeviceQuery query)
+        private static IReadOnlyList<EmulatedArray> ReadDevices(IntPtr handle, DeviceQuery query)
         {
             int count = query(handle, null, 0);
             if (count < 0) throw NotEmulated("emitter");
@@ -296,7 +296,7 @@ namespace Velarion.Emulation
             return Array.AsReadOnly(devices);
         }
 
-        private static IReadOnlyList<FocalPoint> ReadFocalPoints(HandleRef handle)
+        private static IReadOnlyList<FocalPoint> ReadFocalPoints(IntPtr handle)
         {
             int count = Native.VelarionEmulator_AmplitudeModulation_fieldPoints(handle, null, 0);
             if (count < 0) throw NotEmulated("emitter");
@@ -369,18 +369,18 @@ namespace Velarion.Emulation
 
         [DllImport(DeviceLibrary)]
         public static extern int VelarionEmulator_AmplitudeModulation_pressureField(
-            HandleRef emitter, in FieldGrid grid, int moment, [Out] float[] values, ulong capacity);
+            IntPtr emitter, in FieldGrid grid, int moment, [Out] float[] values, ulong capacity);
 
         [DllImport(DeviceLibrary)]
         public static extern int VelarionEmulator_AmplitudeModulation_fieldDevices(
-            HandleRef emitter, [Out] FieldDevice[] devices, uint capacity);
+            IntPtr emitter, [Out] FieldDevice[] devices, uint capacity);
 
         [DllImport(DeviceLibrary)]
         public static extern int VelarionEmulator_Streaming_fieldDevices(
-            HandleRef emitter, [Out] FieldDevice[] devices, uint capacity);
+            IntPtr emitter, [Out] FieldDevice[] devices, uint capacity);
 
         [DllImport(DeviceLibrary)]
         public static extern int VelarionEmulator_AmplitudeModulation_fieldPoints(
-            HandleRef emitter, [Out] FieldPoint[] points, uint capacity);
+            IntPtr emitter, [Out] FieldPoint[] points, uint capacity);
     }
 }
