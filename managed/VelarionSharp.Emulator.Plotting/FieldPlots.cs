@@ -156,17 +156,18 @@ namespace Velarion.Emulation.Plotting
             EmittedPathPlot(path, maximumSamples).SavePng(file, width, height);
         }
 
-        // An array parallel to the plane is drawn as its outline seen along the
-        // plane's normal (filled for a top view); one crossing the plane as the
-        // strip where its face cuts it, 6 mm thick on the side it faces away
-        // from: the array seen from the side.
+        // An array that the plane cuts is drawn as the strip where its face
+        // crosses the plane, 6 mm thick on the side it faces away from: the
+        // array seen from the side. Any other is drawn as its outline seen
+        // along the plane's normal (filled for a top view), with its distance.
         private static void DrawArray(Plot plot, FieldPlane plane, EmulatedArray array, double thickness, bool filled)
         {
             Vector3[] corners = array.Outline.Select(plane.Project).ToArray();
             float nearest = corners.Min(c => c.Z), farthest = corners.Max(c => c.Z);
             string size = $"{Mm(Vector3.Distance(array.Outline[0], array.Outline[1]))} × " +
                           $"{Mm(Vector3.Distance(array.Outline[1], array.Outline[2]))} mm";
-            if (farthest - nearest < 1e-4f)
+            bool inPlane = Math.Max(Math.Abs(nearest), Math.Abs(farthest)) <= thickness + 1e-4;
+            if (inPlane || nearest > 0f || farthest < 0f || farthest - nearest < 1e-4f)
             {
                 Coordinates[] outline = corners.Select(c => new Coordinates(c.X * 1000.0, c.Y * 1000.0)).ToArray();
                 var polygon = plot.Add.Polygon(outline);
@@ -174,9 +175,13 @@ namespace Velarion.Emulation.Plotting
                 polygon.LineStyle.Color = filled ? Colors.Gray : OutlineColour;
                 polygon.LineStyle.Width = 2;
                 polygon.LineStyle.Pattern = filled ? LinePattern.Solid : LinePattern.Dashed;
-                string where = Math.Abs(nearest) <= thickness + 1e-4
-                    ? ""
-                    : $", {Mm(Math.Abs(nearest))} mm {(nearest < 0 ? "below" : "above")} the plane";
+                float centre = plane.Project(array.Centre).Z;
+                // The axes' cross product points at the viewer: up out of a
+                // horizontal plane, out of the picture for a vertical one.
+                string side = Vector3.Cross(plane.HorizontalAxis, plane.VerticalAxis).Z > 0.5f
+                    ? (centre < 0 ? "below" : "above")
+                    : (centre < 0 ? "behind" : "in front of");
+                string where = inPlane ? "" : $", {Mm(Math.Abs(centre))} mm {side} the plane";
                 polygon.LegendText = $"array {array.Identifier} ({size}{where})";
                 return;
             }
