@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Builds and runs every test: the native tests, the native tests again under
-# AddressSanitizer + UndefinedBehaviorSanitizer, the managed tests, and the
-# streaming example compiled with NativeAOT.
+# AddressSanitizer + UndefinedBehaviorSanitizer, the threaded native tests
+# (streaming, logging, directors) under ThreadSanitizer, the managed tests, and
+# the streaming example compiled with NativeAOT.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 source scripts/env.sh
@@ -25,6 +26,9 @@ stage "configure (asan)" cmake --preset asan
 stage "build (asan)" cmake --build --preset asan -j"$jobs"
 stage "native tests under ASan+UBSan" env ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
   ctest --preset asan -j"$jobs"
+stage "configure (tsan)" cmake --preset tsan
+stage "build (tsan)" cmake --build --preset tsan -j"$jobs"
+stage "threaded native tests under TSan" ctest --preset tsan -j"$jobs"
 stage "managed tests" cmake --build build/default --target managed_test
 stage "NativeAOT streaming" bash scripts/aot.sh
 

@@ -2,11 +2,16 @@
 // the device library's own API.
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
+#include <chrono>
 #include <string>
 #include <vector>
 
+#include "Velarion/Alignment.h"
 #include "Velarion/VelarionLibrary.h"
 #include "device/device_fixture.h"
+#include "emulator/emulator_threads.h"
 
 using namespace devicetest;
 namespace Devices = VelarionEmulator::Devices;
@@ -150,4 +155,68 @@ TEST_F(Configuration, RunTimeDevicesAndClaimsSurviveAReload) {
   EXPECT_FALSE(Devices::removeDevice("VLA16-2A1F0031"));
   EXPECT_FALSE(library.isDeviceClaimed("VLA16-2A1F0031"));
   EXPECT_EQ(library.getDeviceCount(), 2u);
+}
+
+// Files that parse but describe no array that could exist, or that would
+// take the process's memory, are refused like malformed ones.
+TEST_F(Configuration, ImpossibleArraysAndHiddenCharactersAreRefused) {
+  LogCapture log(library.getLoggingInterface());
+  const std::string device = "[device]\nidentifier = X\nmodel = M\n";
+  std::string manyDevices;
+  for (int i = 0; i < 5; ++i) {
+    manyDevices += "[device]\nidentifier = D" + std::to_string(i) + "\nmodel = M\ngrid = 256 256 0.001\n";
+  }
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {device + "grid = 1024 1 3.4e38\n", ":4: grid pitch must be from 0.001 to 1 m"},
+      {device + "grid = 2 2 1e-9\n", ":4: grid pitch must be from 0.001 to 1 m"},
+      {device + "grid = 1024 1 0.5\n", ":4: grid is larger than 10 m"},
+      {device + "grid = 1024 1024 0.001\n", ":4: more than 65536 elements in one device"},
+      {manyDevices, ":20: more than 262144 elements in the configuration"},
+      {device + "grid = 1 1 0.01\narray_size = 1e30 1\n", ":5: array_size needs two numbers from 0 to 10 m"},
+      {device + "transducer = 1e30 0 0  0 0 1  1\n", ":4: transducer lies more than 10 m from the origin"},
+      {device + "transducer = 0 0 0  0 0 0  1\n", ":4: transducer direction must be a unit vector"},
+      {device + "transducer = 0 0 0  0 0 1  2\n", ":4: transducer multiplier must be from 0 to 1"},
+      {device + "transducer = -6 0 0  0 0 1  1\ntransducer = 6 0 0  0 0 1  1\n", ":1: device \"X\" is larger than 10 m"},
+      {device + "alignment = 1 0 0  0 1 0  0 0 1  0 0 nan\n", ":4: alignment needs twelve numbers"},
+      {std::string("[device]\nidentifier = A\0B\nmodel = M\ngrid = 1 1 1\n", 48), ":2: control character 0 in the line"},
+      {"[device]\nidentifier = A\x1b[8mB\nmodel = M\ngrid = 1 1 1\n", ":2: control character 27 in the line"},
+  };
+  for (const auto& [text, why] : cases) {
+    const std::string path = folder.write("bad.vlcfg", text);
+    EXPECT_FALSE(library.reloadHardwareConfigurations(path.c_str())) << text;
+    EXPECT_TRUE(log.saw(1, path + why)) << "expected error: " << path + why;
+    EXPECT_EQ(Devices::identifiers(), (Strings{"VLA16-2A1F0031", "VLC10-5B330107"}));
+  }
+  // The limits themselves are fine.
+  ASSERT_TRUE(library.reloadHardwareConfigurations(
+      folder.write("big.vlcfg", device + "grid = 256 256 0.001\n" + "[device]\nidentifier = Y\nmodel = M\n" +
+                                    "grid = 1000 1 0.01\ntransducer = 0 0 10  0.6 0 0.8  0\n")
+          .c_str()));
+  EXPECT_EQ(library.getDeviceInfoByIdentifier("X").getTransducerConfiguration().size(), 65536u);
+}
+
+// Only small regular files are read: anything else is refused at once.
+TEST_F(Configuration, OnlySmallRegularFilesAreRead) {
+  LogCapture log(library.getLoggingInterface());
+  const std::string fifo = folder.file("pipe");
+  ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+  const std::string large = folder.write("large", std::string(70000, '#'));
+  const std::string huge = folder.write("huge.vlcfg", std::string((1 << 20) + 1, '#'));
+
+  emulatortest::finishesWithin(std::chrono::seconds(10), "reading a FIFO or a device", [&] {
+    Velarion::Alignment alignment(0, 1, 0, 1, 0, 0, 0, 0, 1, 0.1f, 0, 0);
+    for (const std::string& path : {fifo, std::string("/dev/zero"), large}) {
+      EXPECT_FALSE(alignment.loadAlignment(path.c_str())) << path;
+      EXPECT_TRUE(log.saw(2, "refused alignment file \"" + path + "\": ")) << path;
+    }
+    EXPECT_TRUE(log.saw(2, "\"/dev/zero\": not a regular file"));
+    EXPECT_TRUE(log.saw(2, "\": larger than 65536 bytes"));
+    EXPECT_FLOAT_EQ(alignment.fromDevicePositionToTrackingPosition({1, 0, 0}).y, 1.0f) << "alignment changed";
+
+    for (const std::string& path : {fifo, std::string("/dev/zero"), huge}) {
+      EXPECT_FALSE(library.reloadHardwareConfigurations(path.c_str())) << path;
+      EXPECT_TRUE(log.saw(1, "cannot read \"" + path + "\": ")) << path;
+    }
+    EXPECT_EQ(Devices::identifiers(), (Strings{"VLA16-2A1F0031", "VLC10-5B330107"}));
+  });
 }

@@ -6,10 +6,10 @@
 
 #include "streaming/streaming_support.h"
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 #define VL_SANITIZED_ALLOCATOR 1
 #elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
+#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
 #define VL_SANITIZED_ALLOCATOR 1
 #endif
 #endif

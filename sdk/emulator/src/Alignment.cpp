@@ -9,6 +9,9 @@
 //   rotation r10 r11 r12
 //   rotation r20 r21 r22
 //   translation tx ty tz
+// Only regular files of at most kMaximumAlignmentFileBytes are read: a FIFO
+// or a device (/dev/zero) is refused at once instead of blocking or filling
+// memory.
 #include "Velarion/Alignment.h"
 
 #include <algorithm>
@@ -21,6 +24,11 @@
 #include "TextParsing.h"
 
 namespace Velarion {
+
+namespace {
+// A well-formed file is a few hundred bytes; comments leave room to spare.
+constexpr std::size_t kMaximumAlignmentFileBytes = 65536;
+}  // namespace
 
 struct AlignmentImplementation {
   float values[12] = {1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0};
@@ -145,9 +153,17 @@ struct AlignmentImplementation {
       return false;
     }
     std::string text;
-    if (!VelarionEmulator::internal::readFile(path, text)) {
-      log(LogLevel::Warning, "Alignment", std::string("cannot read alignment file \"") + path + "\"");
-      return false;
+    std::string problem;
+    using VelarionEmulator::internal::FileRead;
+    switch (VelarionEmulator::internal::readSmallRegularFile(path, kMaximumAlignmentFileBytes, text, problem)) {
+      case FileRead::read:
+        break;
+      case FileRead::unreadable:
+        log(LogLevel::Warning, "Alignment", std::string("cannot read alignment file \"") + path + "\"");
+        return false;
+      case FileRead::refused:
+        log(LogLevel::Warning, "Alignment", std::string("refused alignment file \"") + path + "\": " + problem);
+        return false;
     }
     float parsed[12];
     std::string error;

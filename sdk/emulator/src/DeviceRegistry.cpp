@@ -1,6 +1,7 @@
 #include "DeviceRegistry.h"
 
 #include <algorithm>
+#include <atomic>
 
 #include "DeviceInfoAccess.h"
 #include "HardwareConfiguration.h"
@@ -24,6 +25,12 @@ auto findRecord(Records& records, const std::string& identifier) {
 DeviceRegistry& DeviceRegistry::instance() {
   // Never destroyed: emitter threads may still ask while the process exits.
   static DeviceRegistry* registry = new DeviceRegistry();
+  // Logged once construction is over: a log callback may ask the registry.
+  static std::atomic<bool> reported{false};
+  if (!reported.load(std::memory_order_acquire) && !reported.exchange(true) && !registry->startupError_.empty()) {
+    log(LogLevel::Error, "Configuration",
+        "bad hardware configuration: " + registry->startupError_ + "; using the built-in devices");
+  }
   return *registry;
 }
 
@@ -36,7 +43,7 @@ DeviceRegistry::DeviceRegistry() {
   if (path.empty()) {
     devices = builtInDevices();
   } else if (!loadHardwareConfiguration(path, devices, error)) {
-    log(LogLevel::Error, "Configuration", "bad hardware configuration: " + error + "; using the built-in devices");
+    startupError_ = error;
     devices = builtInDevices();
   }
   for (VirtualDevice& device : devices) {
@@ -117,7 +124,6 @@ bool DeviceRegistry::claim(const std::string& identifier, const void* owner) {
     if (it->claimant != nullptr) return false;
     it->claimant = owner;
   }
-  log(LogLevel::Debug, "Devices", "device claimed: " + identifier);
   return true;
 }
 
@@ -128,7 +134,6 @@ bool DeviceRegistry::release(const std::string& identifier, const void* owner) {
     if (it == devices_.end() || owner == nullptr || it->claimant != owner) return false;
     it->claimant = nullptr;
   }
-  log(LogLevel::Debug, "Devices", "device released: " + identifier);
   return true;
 }
 

@@ -49,6 +49,7 @@ class DeviceRegistry {
   // --- claims (emitters) ---------------------------------------------------
   // Takes the device for `owner`. True when it is now held by `owner` (also
   // when it already was); false when unknown, disconnected or held by another.
+  // Neither logs: emitters call them under their own lock and note the line.
   bool claim(const std::string& identifier, const void* owner);
   // False when `owner` does not hold it.
   bool release(const std::string& identifier, const void* owner);
@@ -82,6 +83,7 @@ class DeviceRegistry {
  private:
   DeviceRegistry();
   mutable std::mutex mutex_;
+  std::string startupError_;  // why the default configuration was not used
   std::vector<DeviceRecord> devices_;
   Faults faults_;
   uint64_t revision_ = 0;

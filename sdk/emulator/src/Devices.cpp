@@ -3,6 +3,7 @@
 
 #include "DeviceRegistry.h"
 #include "HardwareConfiguration.h"
+#include "Log.h"
 
 namespace VelarionEmulator {
 namespace Devices {
@@ -25,11 +26,15 @@ const char kOtherApplication = 0;
 }  // namespace
 
 bool holdDevice(const std::string& identifier) {
-  return DeviceRegistry::instance().claim(identifier, &kOtherApplication);
+  if (!DeviceRegistry::instance().claim(identifier, &kOtherApplication)) return false;
+  internal::log(Velarion::LogLevel::Debug, "Devices", "device claimed: " + identifier);
+  return true;
 }
 
 bool releaseHeldDevice(const std::string& identifier) {
-  return DeviceRegistry::instance().release(identifier, &kOtherApplication);
+  if (!DeviceRegistry::instance().release(identifier, &kOtherApplication)) return false;
+  internal::log(Velarion::LogLevel::Debug, "Devices", "device released: " + identifier);
+  return true;
 }
 
 std::string builtInConfiguration() { return internal::builtInHardwareConfiguration(); }

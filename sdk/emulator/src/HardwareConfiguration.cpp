@@ -1,6 +1,7 @@
 #include "HardwareConfiguration.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <map>
@@ -67,6 +68,22 @@ void appendGrid(std::vector<Velarion::Transducer>& out, unsigned int columns, un
   }
 }
 
+bool within(float value, float limit) { return value >= -limit && value <= limit; }
+
+// Room for `more` elements in the device and in the whole configuration.
+bool roomFor(const Section& section, std::size_t more, std::size_t budget, std::string& error) {
+  const std::size_t total = section.device.transducers.size() + more;
+  if (total > kMaximumElementsPerDevice) {
+    error = "more than " + std::to_string(kMaximumElementsPerDevice) + " elements in one device";
+    return false;
+  }
+  if (more > budget) {
+    error = "more than " + std::to_string(kMaximumElementsPerConfiguration) + " elements in the configuration";
+    return false;
+  }
+  return true;
+}
+
 bool parseFloats(const std::vector<std::string>& words, size_t count, float* out) {
   if (words.size() != count) return false;
   for (size_t i = 0; i < count; ++i) {
@@ -111,10 +128,15 @@ bool finish(Section& section, std::string& error) {
       d.arrayDepth = maxY->y_position - minY->y_position;
     }
   }
+  if (!(d.arrayWidth <= kMaximumArrayExtent && d.arrayDepth <= kMaximumArrayExtent)) {
+    error = "device \"" + d.identifier + "\" is larger than 10 m";
+    return false;
+  }
   return true;
 }
 
-bool applyKey(Section& section, const std::string& key, const std::string& value, std::string& error) {
+bool applyKey(Section& section, const std::string& key, const std::string& value, std::size_t& budget,
+              std::string& error) {
   VirtualDevice& d = section.device;
   const bool repeatable = key == "transducer" || key == "disabled";
   if (!repeatable && !section.seen.insert(key).second) {
@@ -166,8 +188,9 @@ bool applyKey(Section& section, const std::string& key, const std::string& value
   }
   if (key == "array_size") {
     float size[2];
-    if (!parseFloats(words, 2, size) || size[0] < 0.0f || size[1] < 0.0f) {
-      error = "array_size needs two non-negative numbers";
+    if (!parseFloats(words, 2, size) || size[0] < 0.0f || size[1] < 0.0f || size[0] > kMaximumArrayExtent ||
+        size[1] > kMaximumArrayExtent) {
+      error = "array_size needs two numbers from 0 to 10 m";
       return false;
     }
     d.arrayWidth = size[0];
@@ -197,6 +220,19 @@ bool applyKey(Section& section, const std::string& key, const std::string& value
       error = "grid pitch must be positive";
       return false;
     }
+    if (pitch[0] < kMinimumPitch || pitch[1] < kMinimumPitch || pitch[0] > kMaximumPitch ||
+        pitch[1] > kMaximumPitch) {
+      error = "grid pitch must be from 0.001 to 1 m";
+      return false;
+    }
+    if (static_cast<float>(columns) * pitch[0] > kMaximumArrayExtent ||
+        static_cast<float>(rows) * pitch[1] > kMaximumArrayExtent) {
+      error = "grid is larger than 10 m";
+      return false;
+    }
+    const std::size_t elements = static_cast<std::size_t>(columns) * rows;
+    if (!roomFor(section, elements, budget, error)) return false;
+    budget -= elements;
     appendGrid(d.transducers, columns, rows, pitch[0], pitch[1]);
     ++section.grids;
     section.gridWidth = static_cast<float>(columns) * pitch[0];
@@ -209,6 +245,22 @@ bool applyKey(Section& section, const std::string& key, const std::string& value
       error = "transducer needs seven numbers: x y z ux uy uz multiplier";
       return false;
     }
+    if (!within(v[0], kMaximumArrayExtent) || !within(v[1], kMaximumArrayExtent) ||
+        !within(v[2], kMaximumArrayExtent)) {
+      error = "transducer lies more than 10 m from the origin";
+      return false;
+    }
+    const double length = std::sqrt(double(v[3]) * v[3] + double(v[4]) * v[4] + double(v[5]) * v[5]);
+    if (!(std::fabs(length - 1.0) <= 1e-3)) {
+      error = "transducer direction must be a unit vector";
+      return false;
+    }
+    if (!(v[6] >= 0.0f && v[6] <= 1.0f)) {
+      error = "transducer multiplier must be from 0 to 1";
+      return false;
+    }
+    if (!roomFor(section, 1, budget, error)) return false;
+    --budget;
     d.transducers.emplace_back(v[0], v[1], v[2], v[3], v[4], v[5], v[6]);
     section.explicitElements = true;
     return true;
@@ -235,7 +287,7 @@ bool applyKey(Section& section, const std::string& key, const std::string& value
 }  // namespace
 
 bool parseHardwareConfiguration(const std::string& text, const std::string& source,
-                                std::vector<VirtualDevice>& devices, std::string& error) {
+                                std::vector<VirtualDevice>& devices, std::string& error, std::size_t elementBudget) {
   std::vector<VirtualDevice> parsed;
   std::set<std::string> identifiers;
   std::istringstream lines(text);
@@ -261,6 +313,15 @@ bool parseHardwareConfiguration(const std::string& text, const std::string& sour
 
   while (std::getline(lines, raw)) {
     ++number;
+    if (!raw.empty() && raw.back() == '\r') raw.pop_back();
+    for (const char c : raw) {
+      const unsigned char code = static_cast<unsigned char>(c);
+      if ((code < 0x20 && c != '\t') || code == 0x7f) {
+        error = source + ":" + std::to_string(number) + ": control character " + std::to_string(code) +
+                " in the line";
+        return false;
+      }
+    }
     const std::string line = stripLine(raw);
     if (line.empty()) continue;
     if (line.front() == '[') {
@@ -280,7 +341,7 @@ bool parseHardwareConfiguration(const std::string& text, const std::string& sour
       return false;
     }
     std::string problem;
-    if (!applyKey(section, trim(line.substr(0, equals)), trim(line.substr(equals + 1)), problem)) {
+    if (!applyKey(section, trim(line.substr(0, equals)), trim(line.substr(equals + 1)), elementBudget, problem)) {
       error = source + ":" + std::to_string(number) + ": " + problem;
       return false;
     }
@@ -315,14 +376,16 @@ bool loadHardwareConfiguration(const std::string& path, std::vector<VirtualDevic
 
   std::vector<VirtualDevice> all;
   std::set<std::string> identifiers;
+  std::size_t budget = kMaximumElementsPerConfiguration;
   for (const std::string& file : files) {
     std::string text;
-    if (!readFile(file, text)) {
-      error = "cannot read \"" + file + "\"";
+    std::string problem;
+    if (readSmallRegularFile(file, kMaximumConfigurationFileBytes, text, problem) != FileRead::read) {
+      error = "cannot read \"" + file + "\": " + problem;
       return false;
     }
     std::vector<VirtualDevice> some;
-    if (!parseHardwareConfiguration(text, file, some, error)) {
+    if (!parseHardwareConfiguration(text, file, some, error, budget)) {
       return false;
     }
     for (VirtualDevice& device : some) {
@@ -330,6 +393,7 @@ bool loadHardwareConfiguration(const std::string& path, std::vector<VirtualDevic
         error = file + ": identifier \"" + device.identifier + "\" already defined by another file";
         return false;
       }
+      budget -= device.transducers.size();
       all.push_back(std::move(device));
     }
   }

@@ -19,8 +19,22 @@
 //   disabled = 3 17                       element indices whose multiplier becomes 0
 // At least one element per device. Every key but transducer and disabled at
 // most once per section.
+//
+// Limits, so that a file describes an array that could exist and cannot make
+// the process run out of memory (anything beyond them is refused):
+//   - a file is a regular file of at most 1 MiB;
+//   - no control characters anywhere in a line (tabs aside), so an identifier
+//     can neither hide a NUL nor differ from another only invisibly;
+//   - numbers are finite;
+//   - grid pitches from 1 mm to 1 m; no array wider or deeper than 10 m,
+//     whether given by array_size, a grid or the element positions (within
+//     10 m of the array's origin on every axis);
+//   - element directions are unit vectors, multipliers from 0 to 1;
+//   - at most 65536 elements per device and 262144 in one configuration
+//     (every file of a folder together).
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -29,9 +43,18 @@
 namespace VelarionEmulator {
 namespace internal {
 
-// `source` names the text in error messages.
+constexpr std::size_t kMaximumConfigurationFileBytes = 1 << 20;
+constexpr std::size_t kMaximumElementsPerDevice = 65536;
+constexpr std::size_t kMaximumElementsPerConfiguration = 262144;
+constexpr float kMinimumPitch = 0.001f;   // m
+constexpr float kMaximumPitch = 1.0f;     // m
+constexpr float kMaximumArrayExtent = 10.0f;  // m
+
+// `source` names the text in error messages; `elementBudget` is how many
+// elements the text may describe in all.
 bool parseHardwareConfiguration(const std::string& text, const std::string& source,
-                                std::vector<VirtualDevice>& devices, std::string& error);
+                                std::vector<VirtualDevice>& devices, std::string& error,
+                                std::size_t elementBudget = kMaximumElementsPerConfiguration);
 
 // A file, or every *.vlcfg file of a folder in name order.
 bool loadHardwareConfiguration(const std::string& path, std::vector<VirtualDevice>& devices, std::string& error);

@@ -1,7 +1,14 @@
 // LoggingExternalInterface and the hub that fans every message out to the
 // live interfaces.
+//
+// No lock is held while a user callback runs, so a callback may log, replace
+// callbacks, stop an emitter or destroy a library. Replacing a callback (or
+// destroying its interface) waits until no other thread is still inside the
+// replaced one, so whatever it points at can be freed right after; from inside
+// that callback itself it returns at once instead of waiting on itself.
 #include <algorithm>
 #include <atomic>
+#include <condition_variable>
 #include <cstdio>
 #include <memory>
 #include <mutex>
@@ -16,16 +23,35 @@ namespace Velarion {
 struct LoggingExternalInterfaceImplementation {
   enum class Destination { null, standardOutput, standardError, file };
 
-  struct Callback {
+  // One installed callback. Deliveries count themselves in and out of it, so
+  // whoever replaces it can wait for them.
+  struct Installed {
     LoggingCallbackFunction function = nullptr;
     void* userData = nullptr;
+    unsigned int running = 0;  // under `mutex`
   };
 
+  // The callbacks this thread is inside, innermost first.
+  struct Frame {
+    const Installed* installed;
+    const Frame* outer;
+  };
+  static thread_local const Frame* innermost;
+
+  static bool insideOnThisThread(const Installed* installed) {
+    for (const Frame* f = innermost; f != nullptr; f = f->outer) {
+      if (f->installed == installed) return true;
+    }
+    return false;
+  }
+
   mutable std::mutex mutex;
+  std::condition_variable returned;  // a callback returned
   int level = static_cast<int>(LogLevel::Warning);
   Destination destination = Destination::standardError;
   std::FILE* file = nullptr;
-  Callback callbacks[6];
+  std::shared_ptr<Installed> callbacks[6];
+  bool detached = false;  // its LoggingExternalInterface is gone
 
   ~LoggingExternalInterfaceImplementation() { closeFile(); }
 
@@ -36,12 +62,20 @@ struct LoggingExternalInterfaceImplementation {
     }
   }
 
+  // Under `lock`: waits until `old` has left every other thread. From inside
+  // `old` it does not wait at all: another thread may be inside it too and
+  // wait for this one in turn.
+  void waitForReturn(std::unique_lock<std::mutex>& lock, const std::shared_ptr<Installed>& old) {
+    if (!old || insideOnThisThread(old.get())) return;
+    returned.wait(lock, [&] { return old->running == 0; });
+  }
+
   void deliver(LogLevel messageLevel, unsigned int sequence, const char* area, const std::string& message) {
     const int l = static_cast<int>(messageLevel);
-    Callback callback;
+    std::shared_ptr<Installed> callback;
     {
       std::lock_guard<std::mutex> lock(mutex);
-      callback = callbacks[l];
+      if (detached) return;
       if (l <= level) {
         std::FILE* out = destination == Destination::standardOutput ? stdout
                          : destination == Destination::standardError ? stderr
@@ -53,13 +87,54 @@ struct LoggingExternalInterfaceImplementation {
           std::fflush(out);
         }
       }
+      callback = callbacks[l];
+      if (!callback) return;
+      ++callback->running;  // from here on a replacement waits for this call
     }
-    // Outside the lock: the callback may log or change this interface.
-    if (callback.function != nullptr) {
-      callback.function(message.c_str(), static_cast<unsigned int>(l), sequence, area, callback.userData);
+    // Counted out however the callback leaves.
+    struct Inside {
+      LoggingExternalInterfaceImplementation& self;
+      Installed& installed;
+      Frame frame;
+      ~Inside() {
+        innermost = frame.outer;
+        std::lock_guard<std::mutex> lock(self.mutex);
+        --installed.running;
+        self.returned.notify_all();
+      }
+    } inside{*this, *callback, Frame{callback.get(), innermost}};
+    innermost = &inside.frame;
+    callback->function(message.c_str(), static_cast<unsigned int>(l), sequence, area, callback->userData);
+  }
+
+  bool install(unsigned int l, LoggingCallbackFunction function, void* userData) {
+    std::shared_ptr<Installed> replacement;
+    if (function != nullptr) {
+      replacement = std::make_shared<Installed>();
+      replacement->function = function;
+      replacement->userData = userData;
+    }
+    std::unique_lock<std::mutex> lock(mutex);
+    std::shared_ptr<Installed> old = std::move(callbacks[l]);
+    callbacks[l] = std::move(replacement);
+    waitForReturn(lock, old);
+    return true;
+  }
+
+  // No message reaches the interface once this returns, and no callback of
+  // it runs on another thread.
+  void retire() {
+    std::unique_lock<std::mutex> lock(mutex);
+    detached = true;
+    for (std::shared_ptr<Installed>& slot : callbacks) {
+      const std::shared_ptr<Installed> old = std::move(slot);
+      waitForReturn(lock, old);
     }
   }
 };
+
+thread_local const LoggingExternalInterfaceImplementation::Frame* LoggingExternalInterfaceImplementation::innermost =
+    nullptr;
 
 }  // namespace Velarion
 
@@ -69,32 +144,45 @@ namespace {
 
 using Velarion::LoggingExternalInterfaceImplementation;
 
-// Recursive: a callback may log again on the same thread.
+// The hub's lock guards only the list: messages are delivered from a
+// snapshot, without it, and each snapshot entry keeps its interface's state
+// alive until the delivery is over.
 struct Hub {
-  std::recursive_mutex mutex;
-  std::vector<LoggingExternalInterfaceImplementation*> interfaces;
+  std::mutex mutex;
+  std::vector<std::shared_ptr<LoggingExternalInterfaceImplementation>> interfaces;
   std::atomic<unsigned int> sequence{0};
 };
 
 Hub& hub() {
-  static Hub* instance = new Hub();
+  static Hub* instance = new Hub();  // messages may still come while the process exits
   return *instance;
 }
 
 }  // namespace
 
-void attach(LoggingExternalInterfaceImplementation* implementation) {
+LoggingExternalInterfaceImplementation* attach() {
+  auto implementation = std::make_shared<LoggingExternalInterfaceImplementation>();
   Hub& h = hub();
-  std::lock_guard<std::recursive_mutex> lock(h.mutex);
+  std::lock_guard<std::mutex> lock(h.mutex);
   h.interfaces.push_back(implementation);
+  return implementation.get();
 }
 
-// Waits for a message being delivered on another thread, so the interface can
-// be destroyed right after.
+// Returns once no other thread delivers to the interface; the state itself is
+// freed by whichever holder lets go last (a delivery on this very thread may
+// still be unwinding through it).
 void detach(LoggingExternalInterfaceImplementation* implementation) {
-  Hub& h = hub();
-  std::lock_guard<std::recursive_mutex> lock(h.mutex);
-  h.interfaces.erase(std::remove(h.interfaces.begin(), h.interfaces.end(), implementation), h.interfaces.end());
+  std::shared_ptr<LoggingExternalInterfaceImplementation> held;
+  {
+    Hub& h = hub();
+    std::lock_guard<std::mutex> lock(h.mutex);
+    auto it = std::find_if(h.interfaces.begin(), h.interfaces.end(),
+                           [&](const auto& entry) { return entry.get() == implementation; });
+    if (it == h.interfaces.end()) return;
+    held = std::move(*it);
+    h.interfaces.erase(it);
+  }
+  held->retire();
 }
 
 void log(Velarion::LogLevel level, const char* area, const std::string& message) {
@@ -103,15 +191,12 @@ void log(Velarion::LogLevel level, const char* area, const std::string& message)
   }
   Hub& h = hub();
   const unsigned int sequence = ++h.sequence;
-  std::lock_guard<std::recursive_mutex> lock(h.mutex);
-  // A callback may destroy a library (and so detach an interface): walk a
-  // snapshot and skip the ones gone meanwhile.
-  const std::vector<LoggingExternalInterfaceImplementation*> snapshot = h.interfaces;
-  for (LoggingExternalInterfaceImplementation* implementation : snapshot) {
-    if (std::find(h.interfaces.begin(), h.interfaces.end(), implementation) != h.interfaces.end()) {
-      implementation->deliver(level, sequence, area, message);
-    }
+  std::vector<std::shared_ptr<LoggingExternalInterfaceImplementation>> snapshot;
+  {
+    std::lock_guard<std::mutex> lock(h.mutex);
+    snapshot = h.interfaces;
   }
+  for (const auto& implementation : snapshot) implementation->deliver(level, sequence, area, message);
 }
 
 }  // namespace internal
@@ -123,14 +208,9 @@ using VelarionEmulator::internal::attach;
 using VelarionEmulator::internal::detach;
 using Destination = LoggingExternalInterfaceImplementation::Destination;
 
-LoggingExternalInterface::LoggingExternalInterface() : implementation_(new LoggingExternalInterfaceImplementation()) {
-  attach(implementation_);
-}
+LoggingExternalInterface::LoggingExternalInterface() : implementation_(attach()) {}
 
-LoggingExternalInterface::~LoggingExternalInterface() {
-  detach(implementation_);
-  delete implementation_;
-}
+LoggingExternalInterface::~LoggingExternalInterface() { detach(implementation_); }
 
 int LoggingExternalInterface::getLogLevel() const {
   std::lock_guard<std::mutex> lock(implementation_->mutex);
@@ -183,9 +263,7 @@ bool LoggingExternalInterface::setCallbackForLogLevel(unsigned int level, Loggin
   if (level < static_cast<unsigned int>(LogLevel::Error) || level > static_cast<unsigned int>(LogLevel::Trace)) {
     return false;
   }
-  std::lock_guard<std::mutex> lock(implementation_->mutex);
-  implementation_->callbacks[level] = {callback, callback != nullptr ? user_data : nullptr};
-  return true;
+  return implementation_->install(level, callback, user_data);
 }
 
 }  // namespace Velarion

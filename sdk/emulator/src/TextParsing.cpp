@@ -2,9 +2,18 @@
 
 #include <cerrno>
 #include <cmath>
+#include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <locale>
 #include <sstream>
+
+#if defined(__unix__) || defined(__APPLE__)
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#define VL_EMULATOR_POSIX_FILES 1
+#endif
 
 namespace VelarionEmulator {
 namespace internal {
@@ -59,18 +68,95 @@ std::string formatFloat(float value) {
   return out.str();
 }
 
-bool readFile(const std::string& path, std::string& text) {
+FileRead readSmallRegularFile(const std::string& path, std::size_t limit, std::string& text, std::string& problem) {
+  const std::string tooLarge = "larger than " + std::to_string(limit) + " bytes";
+#if defined(VL_EMULATOR_POSIX_FILES)
+  // Looked at before opening (opening a device may already do something),
+  // and again once open, in case the path changed meanwhile; non-blocking so
+  // that a FIFO cannot hold the open.
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0) {
+    problem = std::strerror(errno);
+    return FileRead::unreadable;
+  }
+  if (!S_ISREG(status.st_mode)) {
+    problem = "not a regular file";
+    return FileRead::refused;
+  }
+  const int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (fd < 0) {
+    problem = std::strerror(errno);
+    return FileRead::unreadable;
+  }
+  struct Closer {
+    int fd;
+    ~Closer() { ::close(fd); }
+  } closer{fd};
+  if (::fstat(fd, &status) != 0 || !S_ISREG(status.st_mode)) {
+    problem = "not a regular file";
+    return FileRead::refused;
+  }
+  if (static_cast<unsigned long long>(status.st_size) > limit) {
+    problem = tooLarge;
+    return FileRead::refused;
+  }
+  std::string content;
+  char buffer[16384];
+  for (;;) {
+    const ssize_t got = ::read(fd, buffer, sizeof buffer);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) {
+      problem = std::strerror(errno);
+      return FileRead::unreadable;
+    }
+    if (got == 0) break;
+    if (content.size() + static_cast<std::size_t>(got) > limit) {  // grew while read
+      problem = tooLarge;
+      return FileRead::refused;
+    }
+    content.append(buffer, static_cast<std::size_t>(got));
+  }
+  text = std::move(content);
+  return FileRead::read;
+#else
+  std::error_code code;
+  const std::filesystem::file_status status = std::filesystem::status(path, code);
+  if (code) {
+    problem = code.message();
+    return FileRead::unreadable;
+  }
+  if (!std::filesystem::is_regular_file(status)) {
+    problem = "not a regular file";
+    return FileRead::refused;
+  }
+  const auto size = std::filesystem::file_size(path, code);
+  if (code) {
+    problem = code.message();
+    return FileRead::unreadable;
+  }
+  if (size > limit) {
+    problem = tooLarge;
+    return FileRead::refused;
+  }
   std::ifstream in(path, std::ios::binary);
   if (!in) {
-    return false;
+    problem = "cannot open it";
+    return FileRead::unreadable;
   }
-  std::ostringstream content;
-  content << in.rdbuf();
+  std::string content(limit + 1, '\0');
+  in.read(&content[0], static_cast<std::streamsize>(content.size()));
   if (in.bad()) {
-    return false;
+    problem = "cannot read it";
+    return FileRead::unreadable;
   }
-  text = content.str();
-  return true;
+  content.resize(static_cast<std::size_t>(in.gcount()));
+  if (content.size() > limit) {
+    problem = tooLarge;
+    return FileRead::refused;
+  }
+  text = std::move(content);
+  return FileRead::read;
+#endif
 }
 
 bool writeFile(const std::string& path, const std::string& text) {

@@ -3,6 +3,7 @@
 // locale whatever the process locale is.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -21,7 +22,12 @@ bool parseUnsigned(const std::string& token, unsigned int& value);
 // Shortest text that reads back as the same float.
 std::string formatFloat(float value);
 
-bool readFile(const std::string& path, std::string& text);
+// Reads a regular file of at most `limit` bytes. Anything else (a folder, a
+// FIFO, a device such as /dev/zero, a larger file) is refused at once, never
+// waited on or read without end. Unless `read`, `problem` says why.
+enum class FileRead { read, unreadable, refused };
+FileRead readSmallRegularFile(const std::string& path, std::size_t limit, std::string& text, std::string& problem);
+
 bool writeFile(const std::string& path, const std::string& text);
 
 }  // namespace internal

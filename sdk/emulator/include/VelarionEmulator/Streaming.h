@@ -113,6 +113,7 @@ struct VelarionEmulatorEmissionStatistics {
   double worstLatenessMicroseconds;
   // From the first to the last time point handed out.
   double streamedSeconds;
+  // From start() until the emission thread has ended, last log lines included.
   uint32_t emitting;
   // The emission thread got a real-time scheduling priority.
   uint32_t raisedPriority;

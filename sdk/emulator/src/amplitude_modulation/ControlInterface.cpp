@@ -3,6 +3,7 @@
 #include <atomic>
 #include <exception>
 
+#include "Log.h"
 #include "VelarionEmulator/AmplitudeModulation.h"
 #include "amplitude_modulation/EmitterImplementation.h"
 
@@ -90,14 +91,16 @@ float pressureAmplitudeAt(const Velarion::Vector3& point) {
   return static_cast<float>(std::abs(sum));
 }
 
+// Runs are only asked to stop: they render nothing more once asked, and a
+// run may be writing a log line whose handler needs the list.
 void setManualStepping(bool on) {
   am::manual.store(on);
   am::EmitterList::instance().forEach([on](EmitterImplementation& e) {
+    std::lock_guard<std::mutex> lock(e.mutex);
     if (on) {
-      e.stopThread();
-    } else {
-      std::lock_guard<std::mutex> lock(e.mutex);
-      if (e.emitting) e.startThread();
+      e.requestStop();
+    } else if (e.emitting) {
+      e.startThread();
     }
   });
 }
@@ -105,24 +108,32 @@ void setManualStepping(bool on) {
 bool manualStepping() { return am::manualStepping(); }
 
 namespace {
-void advance(EmitterImplementation& e, unsigned int samples) {
-  {
-    std::lock_guard<std::mutex> lock(e.mutex);
-    e.sampleIndex += samples;
-    e.restartClock();
-    e.refreshDevices();
-    e.render();
-  }
-  e.flushLog();
+using LogLines = std::vector<EmitterImplementation::LogLine>;
+
+// Returns the lines to log once every lock is released.
+LogLines advance(EmitterImplementation& e, unsigned int samples) {
+  std::lock_guard<std::mutex> lock(e.mutex);
+  e.sampleIndex += samples;
+  e.restartClock();
+  e.refreshDevices();
+  e.render();
+  return e.takeNotedLines();
 }
 }  // namespace
 
 void step(Velarion::AmplitudeModulation::Emitter& emitter, unsigned int samples) {
-  if (EmitterImplementation* e = EmitterAccess::of(emitter)) advance(*e, samples);
+  if (EmitterImplementation* e = EmitterAccess::of(emitter)) e->writeLog(advance(*e, samples));
 }
 
 void stepAll(unsigned int samples) {
-  am::EmitterList::instance().forEach([samples](EmitterImplementation& e) { advance(e, samples); });
+  std::vector<LogLines> lines;
+  am::EmitterList::instance().forEach([&](EmitterImplementation& e) { lines.push_back(advance(e, samples)); });
+  for (const LogLines& some : lines) {
+    for (const auto& line : some) {
+      internal::log(line.level, line.area != nullptr ? line.area : Velarion::AmplitudeModulation::kEmitterKind.area,
+                    line.message);
+    }
+  }
 }
 
 uint64_t renderedFrames(const Velarion::AmplitudeModulation::Emitter& emitter) {

@@ -96,28 +96,28 @@ void EmitterImplementation::restartClock() {
 }
 
 void EmitterImplementation::startThread() {
-  if (threadRunning) return;
-  if (thread.joinable()) thread.join();  // a thread that left on its own
-  stopRequested = false;
+  if (threadRunning && !stopping(runs)) return;
+  // A run asked to stop leaves without rendering again, so the next may
+  // begin at once.
   threadRunning = true;
   restartClock();
-  thread = std::thread([this] { run(); });
+  launch([this](uint64_t run) { this->run(run); });
 }
 
-void EmitterImplementation::run() {
+void EmitterImplementation::run(uint64_t run) {
   std::unique_lock<std::mutex> lock(mutex);
   // Wakes every millisecond and renders the sample due then; the samples in
   // between are the device's, the emulator keeps only the newest frame.
-  while (!stopRequested && emitting && !am::manualStepping()) {
+  while (!stopping(run) && emitting && !am::manualStepping()) {
     wake.wait_for(lock, std::chrono::milliseconds(1));
-    if (stopRequested || am::manualStepping()) break;
+    if (stopping(run) || am::manualStepping()) break;
     const double elapsed = std::chrono::duration<double>(Clock::now() - clockStart).count();
     sampleIndex = clockBase + static_cast<uint64_t>(elapsed * settings.sampleRate);
     refreshDevices();
     render();
     writeNotedLines(lock);
   }
-  threadRunning = false;
+  if (run == runs) threadRunning = false;
 }
 
 // --- Emitter -------------------------------------------------------------------
@@ -146,22 +146,25 @@ void Emitter::init(const char* identifier, Transform transform) {
   implementation_->claimAtStart(identifier, transform);
 }
 
+// From a log handler on the emitter's own emission thread, the thread is
+// left to end and frees the state itself.
 void Emitter::destroy() noexcept {
   journal("~Emitter");
   EmitterImplementation* e = implementation_;
   if (e == nullptr) return;
+  implementation_ = nullptr;
   am::EmitterList::instance().remove(e);
-  e->stopThread();
+  const bool freeNow = e->retire();
   bool wasEmitting = false;
   {
     std::lock_guard<std::mutex> lock(e->mutex);
     wasEmitting = e->emitting;
+    e->emitting = false;
     e->releaseDevices();
   }
   e->flushLog();
   if (wasEmitting) log(LogLevel::Info, kArea, "Amplitude modulation emitter stopped");
-  delete e;
-  implementation_ = nullptr;
+  if (freeNow) delete e;
 }
 
 void Emitter::reinitialize() {
@@ -222,8 +225,7 @@ bool Emitter::update(const ControlPoint* points, size_t count) {
   journal(std::string("update(") + (points == nullptr ? "null" : "points") + ", " + std::to_string(count) + ")");
   EmitterImplementation* e = implementation_;
   if (e == nullptr) return false;
-  FlushLog flush{e};
-  std::lock_guard<std::mutex> lock(e->mutex);
+  VelarionEmulator::internal::LockedLogging locked(*e);
   if (!e->connected() || count > control::kControlPointLimit || (points == nullptr && count > 0)) return false;
 
   std::vector<am::PointState> states;

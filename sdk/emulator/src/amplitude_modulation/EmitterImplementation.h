@@ -47,7 +47,7 @@ struct EmitterImplementation : VelarionEmulator::internal::EmitterDevices<HeldDe
   uint64_t frames = 0;
 
   // The emission thread renders at the sample clock while it runs.
-  bool threadRunning = false;
+  bool threadRunning = false;  // the newest run renders
   Clock::time_point clockStart;
   uint64_t clockBase = 0;
 
@@ -56,7 +56,7 @@ struct EmitterImplementation : VelarionEmulator::internal::EmitterDevices<HeldDe
   void silence();
   void restartClock();
   void startThread();
-  void run();
+  void run(uint64_t run);
 
  protected:
   void adopted(HeldDevice& device, const VelarionEmulator::internal::DeviceRecord& entry) override;

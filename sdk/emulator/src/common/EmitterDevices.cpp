@@ -39,19 +39,48 @@ std::vector<EmitterBase::LogLine> EmitterBase::takeNotedLines() {
   return lines;
 }
 
-void EmitterBase::writeLog(const std::vector<LogLine>& lines) const {
-  for (const auto& line : lines) log(line.first, kind.area, line.second);
+void writeLog(const EmitterKind& kind, const std::vector<EmitterBase::LogLine>& lines) {
+  for (const auto& line : lines) log(line.level, line.area != nullptr ? line.area : kind.area, line.message);
+}
+
+void EmitterBase::writeLog(const std::vector<LogLine>& lines) const { internal::writeLog(kind, lines); }
+
+namespace {
+// The emitter whose emission thread this is.
+thread_local const EmitterBase* emissionThreadOf = nullptr;
+}  // namespace
+
+bool EmitterBase::onEmissionThread() const { return emissionThreadOf == this; }
+
+void EmitterBase::enterEmissionThread() { emissionThreadOf = this; }
+
+void EmitterBase::leaveEmissionThread() {
+  std::unique_lock<std::mutex> lock(mutex);
+  --liveThreads;
+  const bool last = abandoned && liveThreads == 0;
+  // Notified under the lock: a waiter may free the emitter once it has it.
+  threadEnded.notify_all();
+  lock.unlock();
+  emissionThreadOf = nullptr;
+  if (last) delete this;
 }
 
 void EmitterBase::stopThread() {
-  std::thread finishing;
-  {
-    std::lock_guard<std::mutex> lock(mutex);
-    stopRequested = true;
-    if (thread.get_id() != std::this_thread::get_id()) finishing = std::move(thread);
+  std::unique_lock<std::mutex> lock(mutex);
+  const unsigned int own = onEmissionThread() ? 1u : 0u;
+  requestStop();
+  while (liveThreads > own) {
+    threadEnded.wait(lock);
+    requestStop();  // a handler of an ending run may have started another
   }
-  wake.notify_all();
-  if (finishing.joinable()) finishing.join();
+}
+
+bool EmitterBase::retire() {
+  stopThread();
+  std::lock_guard<std::mutex> lock(mutex);
+  if (!onEmissionThread()) return true;
+  abandoned = true;
+  return false;
 }
 
 }  // namespace internal

@@ -46,7 +46,11 @@ struct HeldDeviceBase {
 
 // The part of an emitter's state that does not depend on its devices' type.
 struct EmitterBase {
-  using LogLine = std::pair<Velarion::LogLevel, std::string>;
+  struct LogLine {
+    Velarion::LogLevel level;
+    const char* area;  // null: the emitter's own
+    std::string message;
+  };
 
   explicit EmitterBase(const EmitterKind& kind) : kind(kind) {}
   virtual ~EmitterBase() = default;
@@ -55,7 +59,8 @@ struct EmitterBase {
 
   const EmitterKind& kind;
 
-  // Guards the whole emitter state, the derived parts included.
+  // Guards the whole emitter state, the derived parts included. No user code
+  // (log or emission callback) ever runs while it is held.
   mutable std::mutex mutex;
   Velarion::DeviceSelectionMode mode = Velarion::DeviceSelectionMode::SingleDevice;
   std::string requested;  // the device named at construction
@@ -65,7 +70,9 @@ struct EmitterBase {
   // callback may call back into the emitter.
   std::vector<LogLine> pendingLog;
 
-  void note(Velarion::LogLevel level, std::string message) { pendingLog.emplace_back(level, std::move(message)); }
+  void note(Velarion::LogLevel level, std::string message, const char* area = nullptr) {
+    pendingLog.push_back(LogLine{level, area, std::move(message)});
+  }
   // Writes the noted lines; called without `mutex` held.
   void flushLog();
   // From a thread holding `lock` on `mutex`: writes the noted lines with the
@@ -75,14 +82,77 @@ struct EmitterBase {
   std::vector<LogLine> takeNotedLines();
   void writeLog(const std::vector<LogLine>& lines) const;
 
-  // The emission thread, started by each emitter its own way.
-  std::thread thread;
-  std::condition_variable wake;
-  bool stopRequested = false;  // asks the thread to leave
-  // Without `mutex`: asks the thread to leave and joins it. From the thread
-  // itself (a log or emission callback) it only asks: the thread leaves once
-  // the callback returns, and a later start or the destructor joins it.
+  // Emission threads. Each start launches a run with the next number; a run
+  // goes on while its number is above `stoppedUpTo`. Threads are detached and
+  // counted in `liveThreads` until their very last step, so that stop and
+  // destruction can wait for them from any thread but their own. An emitter
+  // destroyed from its own emission thread is `abandoned` to it: the last
+  // thread to end frees it.
+  std::condition_variable wake;         // a run was asked to stop
+  std::condition_variable threadEnded;  // an emission thread ended
+  uint64_t runs = 0;
+  uint64_t stoppedUpTo = 0;
+  unsigned int liveThreads = 0;
+  bool abandoned = false;
+
+  // Under `mutex`.
+  bool stopping(uint64_t run) const { return run <= stoppedUpTo; }
+  void requestStop() {
+    stoppedUpTo = runs;
+    wake.notify_all();
+  }
+  // Under `mutex`: runs body(run) on a new emission thread as run `runs + 1`.
+  template <class Body>
+  uint64_t launch(Body body) {
+    const uint64_t run = runs + 1;
+    std::thread thread([this, body, run] {
+      enterEmissionThread();
+      body(run);
+      leaveEmissionThread();
+    });
+    thread.detach();
+    runs = run;
+    ++liveThreads;
+    return run;
+  }
+  // True on an emission thread of this emitter.
+  bool onEmissionThread() const;
+  // Without `mutex`: asks every run to stop and waits until their threads
+  // ended, but for the calling thread when it is one of them: that one stops
+  // once the callback it is in returns.
   void stopThread();
+  // Without `mutex`, for destruction: stops the runs. True when the emitter
+  // can be freed now; false when the caller is its emission thread, which
+  // then frees it when it ends.
+  bool retire();
+
+ private:
+  void enterEmissionThread();
+  void leaveEmissionThread();
+};
+
+// Writes lines an emitter noted, without the emitter.
+void writeLog(const EmitterKind& kind, const std::vector<EmitterBase::LogLine>& lines);
+
+// Holds an emitter's lock; on leaving, writes the lines noted meanwhile
+// without touching the emitter once the lock is released, because a thread
+// started under it may destroy the emitter from then on.
+class LockedLogging {
+ public:
+  explicit LockedLogging(EmitterBase& emitter) : emitter_(emitter), lock_(emitter.mutex) {}
+  ~LockedLogging() {
+    const EmitterKind& kind = emitter_.kind;
+    const std::vector<EmitterBase::LogLine> lines = emitter_.takeNotedLines();
+    lock_.unlock();
+    writeLog(kind, lines);
+  }
+  LockedLogging(const LockedLogging&) = delete;
+  LockedLogging& operator=(const LockedLogging&) = delete;
+  std::unique_lock<std::mutex>& lock() { return lock_; }
+
+ private:
+  EmitterBase& emitter_;
+  std::unique_lock<std::mutex> lock_;
 };
 
 // Writes an emitter's noted log lines when it goes out of scope; declared
@@ -161,6 +231,7 @@ struct EmitterDevices : EmitterBase {
     device->arrayDepth = entry->device.arrayDepth;
     adopted(*device, *entry);
     devices.push_back(std::move(device));
+    note(Velarion::LogLevel::Debug, "device claimed: " + identifier, "Devices");
     note(Velarion::LogLevel::Info, capitalised(kind.name) + " claimed device " + identifier);
     return true;
   }
@@ -168,7 +239,9 @@ struct EmitterDevices : EmitterBase {
   // Under `mutex`: releases one held device, which stays in the list.
   void release(Device& device) {
     dropped(device);
-    DeviceRegistry::instance().release(device.identifier, this);
+    if (DeviceRegistry::instance().release(device.identifier, this)) {
+      note(Velarion::LogLevel::Debug, "device released: " + device.identifier, "Devices");
+    }
   }
 
   // Under `mutex`: releases every device and forgets them.
@@ -229,6 +302,7 @@ struct EmitterDevices : EmitterBase {
   }
 
   bool remove(const char* identifier) {
+    FlushLog flush{this};
     std::lock_guard<std::mutex> lock(mutex);
     for (auto it = devices.begin(); it != devices.end(); ++it) {
       if (identifier != nullptr && (*it)->identifier == identifier) {

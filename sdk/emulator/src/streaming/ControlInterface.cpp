@@ -27,7 +27,8 @@ EmissionStatistics statisticsOf(const EmitterImplementation& e) {
   EmissionStatistics s{};
   {
     std::lock_guard<std::mutex> lock(e.mutex);
-    s.emitting = e.emitting ? 1u : 0u;
+    // Until the thread's very end, last log lines included.
+    s.emitting = e.emitting || e.liveThreads > 0 ? 1u : 0u;
   }
   std::vector<uint32_t> durations;
   {

@@ -149,19 +149,19 @@ std::vector<EmissionRecord::Sample> EmissionRecord::ordered() const {
 // --- the thread ----------------------------------------------------------------------
 
 void EmitterImplementation::startThread() {
-  if (emitting) return;
-  if (thread.joinable()) thread.join();  // left on its own; start() joins it first
-  stopRequested = false;
+  if (emitting && !stopping(runs)) return;
   emitting = true;
+  missReported = false;
+  missesSinceLog = 0;
   {
     std::lock_guard<std::mutex> lock(recordMutex);
     record.clear();
   }
   noteStarted(sampleRate, maximumControlPointCount);
-  thread = std::thread([this] { run(); });
+  launch([this](uint64_t run) { this->run(run); });
 }
 
-void EmitterImplementation::run() {
+void EmitterImplementation::run(uint64_t run) {
   const bool raised = DeviceRegistry::instance().threadPriorityManagementAllowed() && raisePriority();
   {
     std::lock_guard<std::mutex> lock(recordMutex);
@@ -175,7 +175,7 @@ void EmitterImplementation::run() {
   int64_t firstNanoseconds = streaming::nanosecondsOf(next);
   std::string stopReason;
 
-  while (!stopRequested) {
+  while (!stopping(run)) {
     // Settings take effect here, at the start of an interval.
     const HostDuration spacing = samplingInterval;
     const unsigned int rate = sampleRate;
@@ -186,7 +186,7 @@ void EmitterImplementation::run() {
 
     if (writeNotedLines(lock)) continue;  // settings may have changed meanwhile
     if (steadyNow() < handOut) {
-      wake.wait_until(lock, steadyAt(handOut), [this] { return stopRequested; });
+      wake.wait_until(lock, steadyAt(handOut), [this, run] { return stopping(run); });
       continue;
     }
 
@@ -206,6 +206,8 @@ void EmitterImplementation::run() {
     const Emitter::EmissionCallback answer = callback;
     void* const answerData = userData;
     const Emitter* const facade = owner;
+    inCallback = answer != nullptr;
+    inCallbackVersion = callbackVersion;
     lock.unlock();
 
     const int64_t called = steadyNow();
@@ -249,20 +251,25 @@ void EmitterImplementation::run() {
     }
 
     lock.lock();
+    if (inCallback) {
+      inCallback = false;
+      callbackReturned.notify_all();
+    }
     lastSampleTime = interval.timePointAt(count - 1).time();
     next = end;
     if (answered > deadline) {
-      // The first miss at once, then at most one line a second.
+      // The first miss at once, then at most one line a second with the
+      // misses since the last one.
       ++missesSinceLog;
       const auto now = Clock::now();
-      if (missesSinceLog == 1 || now - lastMissLog >= std::chrono::seconds(1)) {
-        note(LogLevel::Warning, missesSinceLog == 1
-                                    ? "An output interval missed its deadline by " +
-                                          microsecondsText(answered - deadline) + " us"
-                                    : std::to_string(missesSinceLog) +
-                                          " output intervals missed their deadlines since the last report, the "
-                                          "latest by " +
-                                          microsecondsText(answered - deadline) + " us");
+      if (!missReported || now - lastMissLog >= std::chrono::seconds(1)) {
+        const std::string lateness = microsecondsText(answered - deadline) + " us";
+        note(LogLevel::Warning, !missReported ? "An output interval missed its deadline by " + lateness
+                                              : std::to_string(missesSinceLog) +
+                                                    " output intervals missed their deadlines since the last "
+                                                    "report, the latest by " +
+                                                    lateness);
+        missReported = true;
         lastMissLog = now;
         missesSinceLog = 0;
       }
@@ -288,8 +295,8 @@ void EmitterImplementation::run() {
   }
   note(LogLevel::Info, "Time-point streaming emitter stopped" + stopReason + " after " + std::to_string(intervals) +
                            " intervals, " + std::to_string(missed) + " of them past their deadlines");
-  // Without taking the lock again: startThread() may be joining this thread
-  // while holding it.
+  // Written without the lock: their handlers may start, stop or destroy
+  // this emitter.
   const auto lines = takeNotedLines();
   lock.unlock();
   writeLog(lines);

@@ -98,20 +98,22 @@ void Emitter::init(const char* identifier, Transform transform) {
   implementation_->claimAtStart(identifier, transform);
 }
 
+// From the emitter's own emission thread (its callback, or a log handler
+// there) the thread is left to end after the current interval and frees the
+// state itself.
 void Emitter::destroy() noexcept {
   journal("~Emitter");
   EmitterImplementation* e = implementation_;
   if (e == nullptr) return;
+  implementation_ = nullptr;
   streaming::EmitterList::instance().remove(e);
-  e->stopThread();
-  e->flushLog();
+  const bool freeNow = e->retire();
   {
     std::lock_guard<std::mutex> lock(e->mutex);
     e->releaseDevices();
   }
   e->flushLog();
-  delete e;
-  implementation_ = nullptr;
+  if (freeNow) delete e;
 }
 
 void Emitter::reinitialize() {
@@ -154,13 +156,19 @@ DeviceSelectionMode Emitter::getDeviceSelectionMode() const {
 }
 
 // Takes effect at the next interval; the emission thread reads it there.
+// Returns once the thread is no longer inside the replaced callback, unless
+// called from that thread (from inside the callback itself).
 bool Emitter::setEmissionCallback(EmissionCallback callback, void* userData) {
   journal("setEmissionCallback");
   EmitterImplementation* e = implementation_;
   if (e == nullptr) return false;
-  std::lock_guard<std::mutex> lock(e->mutex);
+  std::unique_lock<std::mutex> lock(e->mutex);
   e->callback = callback;
   e->userData = userData;
+  const uint64_t version = ++e->callbackVersion;
+  if (!e->onEmissionThread()) {
+    e->callbackReturned.wait(lock, [e, version] { return !e->inCallback || e->inCallbackVersion >= version; });
+  }
   return true;
 }
 
@@ -168,17 +176,16 @@ bool Emitter::start() {
   journal("start");
   EmitterImplementation* e = implementation_;
   if (e == nullptr) return false;
-  // A thread that left on its own may still be writing its last log lines,
-  // whose handlers may call this emitter: join it without holding the lock.
-  std::thread finished;
-  {
-    std::lock_guard<std::mutex> lock(e->mutex);
-    if (!e->emitting) finished = std::move(e->thread);
+  VelarionEmulator::internal::LockedLogging locked(*e);
+  if (e->onEmissionThread()) {
+    // A run asked to stop cannot be followed by another from its own
+    // thread: the two would call the callback side by side.
+    if (e->emitting && e->stopping(e->runs)) return false;
+  } else {
+    // A run that is stopping, or still writing its last log lines, ends
+    // first, so that runs never overlap and their lines keep their order.
+    e->threadEnded.wait(locked.lock(), [e] { return (e->emitting && !e->stopping(e->runs)) || e->liveThreads == 0; });
   }
-  if (finished.joinable() && finished.get_id() != std::this_thread::get_id()) finished.join();
-  if (finished.joinable()) finished.detach();  // started again from its own last log line
-  FlushLog flush{e};
-  std::lock_guard<std::mutex> lock(e->mutex);
   if (!e->connected()) return false;
   e->startThread();
   return true;

@@ -87,9 +87,16 @@ struct EmitterImplementation : VelarionEmulator::internal::EmitterDevices<HeldDe
   void* userData = nullptr;
 
   // The emission thread.
-  bool emitting = false;  // the thread runs, or is about to
+  bool emitting = false;  // a run hands out intervals, or is about to
   std::chrono::steady_clock::time_point lastMissLog;
+  bool missReported = false;  // this run reported a missed deadline
   uint64_t missesSinceLog = 0;
+  // Which callback the thread is inside, so that setEmissionCallback can wait
+  // until the one it replaced has returned.
+  uint64_t callbackVersion = 0;  // counts setEmissionCallback calls
+  bool inCallback = false;
+  uint64_t inCallbackVersion = 0;
+  std::condition_variable callbackReturned;
 
   // The emission side: used by the emission thread while it runs, otherwise
   // by stepping. Never both at once (stepping refuses while emitting).
@@ -106,9 +113,9 @@ struct EmitterImplementation : VelarionEmulator::internal::EmitterDevices<HeldDe
   // Grows the carried control points to at least `count`; new ones are off.
   void ensurePersistent(unsigned int count);
 
-  // Under `mutex`: starts the thread unless it runs.
+  // Under `mutex`: starts a run unless one is going on.
   void startThread();
-  void run();
+  void run(uint64_t run);
 };
 
 // The emulator's way into an emitter's state.
