@@ -13,10 +13,19 @@ command -v swig >/dev/null 2>&1 || missing+=(swig)
 command -v clang >/dev/null 2>&1 || missing+=(clang)
 [ -f /usr/include/gtest/gtest.h ] || missing+=(libgtest-dev)
 [ -f /usr/include/benchmark/benchmark.h ] || missing+=(libbenchmark-dev)
+# The Windows build: MinGW-w64 (posix threads), GoogleTest's sources to build
+# it with that toolchain, and Wine to run the results.
+command -v x86_64-w64-mingw32-g++-posix >/dev/null 2>&1 || missing+=(g++-mingw-w64-x86-64-posix)
+[ -f /usr/src/googletest/CMakeLists.txt ] || missing+=(googletest)
+[ -x /usr/lib/wine/wine64 ] || command -v wine64 >/dev/null 2>&1 || missing+=(wine64)
+command -v unzip >/dev/null 2>&1 || missing+=(unzip)
 
 if [ ${#missing[@]} -gt 0 ]; then
   if [ "$(id -u)" -eq 0 ]; then
     echo "setup: installing ${missing[*]}"
+    # Wine and MinGW are large: unpack them outside a small /tmp.
+    mkdir -p /var/tmp/apt-tmp
+    export TMPDIR=/var/tmp/apt-tmp
     apt-get update -qq
     DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
   else

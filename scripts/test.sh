@@ -1,8 +1,10 @@
 #!/usr/bin/env bash
 # Builds and runs every test: the native tests, the native tests again under
 # AddressSanitizer + UndefinedBehaviorSanitizer, the threaded native tests
-# (streaming, logging, directors) under ThreadSanitizer, the managed tests, and
-# the streaming example compiled with NativeAOT.
+# (streaming, logging, directors) under ThreadSanitizer, the managed tests, the
+# streaming example compiled with NativeAOT; the Windows build's native and
+# managed tests under Wine; then makes the NuGet packages and proves them in a
+# new console app.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 source scripts/env.sh
@@ -10,13 +12,14 @@ bash scripts/setup.sh || exit 1
 
 failed=()
 stage() {
-  local name=$1
+  local name=$1 started=$SECONDS
   shift
   echo
   echo "=== $name ==="
   if ! "$@"; then
     failed+=("$name")
   fi
+  echo "--- $name: $((SECONDS - started)) s"
 }
 
 stage "configure (default)" cmake --preset default
@@ -31,6 +34,15 @@ stage "build (tsan)" cmake --build --preset tsan -j"$jobs"
 stage "threaded native tests under TSan" ctest --preset tsan -j"$jobs"
 stage "managed tests" cmake --build build/default --target managed_test
 stage "NativeAOT streaming" bash scripts/aot.sh
+
+# Windows: the MinGW-w64 cross-build, its native and managed tests under Wine.
+stage "configure (windows)" cmake --preset windows
+stage "build (windows)" cmake --build --preset windows -j"$jobs"
+stage "native tests under Wine" ctest --preset windows
+stage "managed tests under Wine" cmake --build build/default --target managed_test_wine
+# The packages (local feed build/packages), used by a new app outside the repository.
+stage "packages" bash scripts/pack.sh
+stage "package proof (Linux, and win-x64 under Wine)" bash scripts/package-proof.sh
 
 echo
 if [ ${#failed[@]} -gt 0 ]; then

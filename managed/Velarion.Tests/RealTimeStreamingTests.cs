@@ -6,7 +6,6 @@ using System.Numerics;
 using System.Threading;
 using Velarion.Emulation;
 using Xunit;
-using Xunit.Abstractions;
 
 namespace Velarion.Tests
 {

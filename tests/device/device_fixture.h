@@ -7,7 +7,6 @@
 #include <fstream>
 #include <mutex>
 #include <optional>
-#include <unistd.h>
 #include <string>
 #include <thread>
 #include <vector>
@@ -17,7 +16,31 @@
 #include "VelarionEmulator/Journal.h"
 #include "support/interop_harness.h"
 
+#if defined(_WIN32)
+#include <process.h>
+#else
+#include <unistd.h>
+#endif
+
 namespace devicetest {
+
+inline long processId() {
+#if defined(_WIN32)
+  return _getpid();
+#else
+  return static_cast<long>(::getpid());
+#endif
+}
+
+// Sets (or, with null, removes) a variable of this process's environment, as
+// the device library's getenv sees it.
+inline bool setEnvironment(const char* name, const char* value) {
+#if defined(_WIN32)
+  return _putenv_s(name, value == nullptr ? "" : value) == 0;
+#else
+  return (value == nullptr ? ::unsetenv(name) : ::setenv(name, value, 1)) == 0;
+#endif
+}
 
 // A folder of its own per test.
 class ScratchFolder {
@@ -25,7 +48,7 @@ class ScratchFolder {
   ScratchFolder() {
     static int counter = 0;
     path_ = std::filesystem::temp_directory_path() /
-            ("velarion-devices-" + std::to_string(::getpid()) + "-" + std::to_string(++counter));
+            ("velarion-devices-" + std::to_string(processId()) + "-" + std::to_string(++counter));
     std::filesystem::create_directories(path_);
   }
   ~ScratchFolder() {
@@ -37,8 +60,9 @@ class ScratchFolder {
     std::ofstream(file, std::ios::binary) << text;
     return file;
   }
+  // Text mode: the platform's line ending reads as "\n".
   std::string read(const std::string& name) const {
-    std::ifstream in(path_ / name, std::ios::binary);
+    std::ifstream in(path_ / name);
     return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
   }
   std::string path() const { return path_.string(); }

@@ -201,10 +201,10 @@ TEST_F(LibraryExports, ReloadsHardwareConfigurations) {
   EXPECT_EQ(identifiers(), (Strings{"LAB-1"}));
 
   // The default location follows the environment, else the built-in devices.
-  ASSERT_EQ(setenv("VELARION_HARDWARE_CONFIG_PATH", folder.path().c_str(), 1), 0);
+  ASSERT_TRUE(devicetest::setEnvironment("VELARION_HARDWARE_CONFIG_PATH", folder.path().c_str()));
   EXPECT_EQ(call<unsigned int(void*)>(reloadDefault, library), 1u);  // bad.txt is not a .vlcfg file
   EXPECT_EQ(identifiers(), (Strings{"LAB-1"}));
-  unsetenv("VELARION_HARDWARE_CONFIG_PATH");
+  ASSERT_TRUE(devicetest::setEnvironment("VELARION_HARDWARE_CONFIG_PATH", nullptr));
   EXPECT_EQ(call<unsigned int(void*)>(reloadDefault, library), 1u);
   EXPECT_EQ(identifiers(), builtIn);
 }

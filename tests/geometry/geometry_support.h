@@ -2,6 +2,7 @@
 // fixed), handle bookkeeping, and bit comparison.
 #pragma once
 
+#include <cmath>
 #include <cstring>
 #include <string>
 #include <utility>
@@ -32,8 +33,16 @@ inline bool sameBits(float a, float b) { return std::memcmp(&a, &b, sizeof a) ==
 inline bool sameBits(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
 
 constexpr double kPi = 3.141592653589793;
-// sin(pi) in double: the off-diagonal residue of the half-turn fallback.
-constexpr double kHalfTurnResidue = 1.2246467991473532e-16;
+// sin(pi) in double, the off-diagonal residue of a half turn, as the
+// platform's std::sin gives it at run time: C libraries differ in the last
+// bits (glibc 1.2246467991473532e-16, MinGW-w64 1.2246063538223773e-16).
+inline double runtimeSinPi() {
+  volatile double pi = kPi;
+  return std::sin(pi);
+}
+// sin(pi) correctly rounded, as the compiler folds std::sin of a constant
+// angle (the half-turn fallback's angle is one).
+constexpr double kFoldedSinPi = 1.2246467991473532e-16;
 
 // Every handle an export hands out is released with its own delete_ export.
 class GeometryTest : public harness::ExportTest {

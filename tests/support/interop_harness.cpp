@@ -4,7 +4,28 @@
 
 #include <deque>
 
+#if defined(_WIN32)
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#define WIN32_LEAN_AND_MEAN
+#include <windows.h>
+#else
+#include <dlfcn.h>
+#endif
+
 namespace harness {
+
+void* findExport(const char* name) {
+#if defined(_WIN32)
+  // Loaded once, beside the test program, and kept for the whole run.
+  static const HMODULE library = LoadLibraryA("VelarionCSharp.dll");
+  return library == nullptr ? nullptr : reinterpret_cast<void*>(GetProcAddress(library, name));
+#else
+  return dlsym(RTLD_DEFAULT, name);
+#endif
+}
+
 namespace {
 
 using ExceptionCallback = void (*)(const char*);

@@ -1,8 +1,7 @@
-// Calls the exports the way the managed side does: by name from the dynamic
-// symbol table, with recording callbacks registered for all three modules.
+// Calls the exports the way the managed side does: by name from the interop
+// library's export table, with recording callbacks registered for all three
+// modules.
 #pragma once
-
-#include <dlfcn.h>
 
 #include <cstdint>
 #include <optional>
@@ -44,9 +43,12 @@ bool nothingPending();
 // lives until the next registerAll(); a null text becomes a null pointer.
 std::optional<std::string> managedString(void* handle);
 
+// The interop library's export of that name, or null.
+void* findExport(const char* name);
+
 template <class Signature>
 Signature* exported(const char* name) {
-  void* symbol = dlsym(RTLD_DEFAULT, name);
+  void* symbol = findExport(name);
   if (symbol == nullptr) {
     throw std::runtime_error(std::string("not exported: ") + name);
   }

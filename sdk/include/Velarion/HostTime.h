@@ -25,10 +25,10 @@ struct VELARION_API HostDuration {
   HostDuration(const HostDuration&) = default;
 
   // Built by the includer.
-  HostDuration(const std::chrono::nanoseconds& duration);
-  operator std::chrono::nanoseconds() const;
-  HostDuration& operator=(const HostDuration& other);
-  HostDuration& operator=(HostDuration&& other);
+  VELARION_INCLUDER_API HostDuration(const std::chrono::nanoseconds& duration);
+  VELARION_INCLUDER_API operator std::chrono::nanoseconds() const;
+  VELARION_INCLUDER_API HostDuration& operator=(const HostDuration& other);
+  VELARION_INCLUDER_API HostDuration& operator=(HostDuration&& other);
 
   // The span n times over; whole seconds wrap like unsigned 64-bit arithmetic.
   HostDuration operator*(unsigned int n) const;
@@ -45,10 +45,10 @@ struct VELARION_API HostTimePoint {
   HostTimePoint(const HostTimePoint&) = default;
 
   // Built by the includer.
-  HostTimePoint(const SteadyTimePoint& time);
-  operator SteadyTimePoint() const;
-  HostTimePoint& operator=(const HostTimePoint& other);
-  HostTimePoint& operator=(HostTimePoint&& other);
+  VELARION_INCLUDER_API HostTimePoint(const SteadyTimePoint& time);
+  VELARION_INCLUDER_API operator SteadyTimePoint() const;
+  VELARION_INCLUDER_API HostTimePoint& operator=(const HostTimePoint& other);
+  VELARION_INCLUDER_API HostTimePoint& operator=(HostTimePoint&& other);
 
   HostTimePoint& operator+=(const HostDuration& duration);
   bool operator<(const HostTimePoint& other) const;

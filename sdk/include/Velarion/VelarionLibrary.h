@@ -14,7 +14,7 @@ class VELARION_API VelarionLibrary {
  public:
   // init(), then VersionInfo::checkVersion(VL_SDK_VERSION_MAJOR, ..._MINOR,
   // ..._PATCH); built by every binary that uses these headers.
-  VelarionLibrary();
+  VELARION_INCLUDER_API VelarionLibrary();
   // Leaves `other` empty: it has no devices and logs nowhere.
   VelarionLibrary(VelarionLibrary&& other) noexcept;
   VelarionLibrary& operator=(VelarionLibrary&& other) noexcept;

@@ -41,7 +41,7 @@ class VELARION_API VersionInfo {
 
   // checkVersion(VL_SDK_VERSION_MAJOR, VL_SDK_VERSION_MINOR, VL_SDK_VERSION_PATCH),
   // built by every binary that uses these headers.
-  static void checkVersion();
+  VELARION_INCLUDER_API static void checkVersion();
 };
 
 }  // namespace Velarion

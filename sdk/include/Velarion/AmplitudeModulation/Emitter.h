@@ -42,7 +42,7 @@ class VELARION_API Emitter {
   explicit Emitter(const char* identifier);
   // As above, placing the device with `transform`; announces the interface
   // version these headers describe.
-  Emitter(const char* identifier, Transform transform);
+  VELARION_INCLUDER_API Emitter(const char* identifier, Transform transform);
   // Takes over the devices and points; `other` is left without any.
   Emitter(Emitter&& other) noexcept;
   Emitter(const Emitter&) = delete;

@@ -35,7 +35,7 @@ class VELARION_API Emitter {
   Emitter();
   explicit Emitter(const char* identifier);
   // Announces the interface version these headers describe.
-  Emitter(const char* identifier, Transform transform);
+  VELARION_INCLUDER_API Emitter(const char* identifier, Transform transform);
   Emitter(Emitter&& other) noexcept;
   Emitter(const Emitter&) = delete;
   Emitter& operator=(const Emitter&) = delete;

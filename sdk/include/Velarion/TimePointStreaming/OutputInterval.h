@@ -27,8 +27,8 @@ class VELARION_API OutputInterval {
   virtual const HostDuration& timePointSpacing() const = 0;
 
  protected:
-  OutputInterval();
-  virtual ~OutputInterval();
+  VELARION_INCLUDER_API OutputInterval();
+  VELARION_INCLUDER_API virtual ~OutputInterval();
 
  public:
   virtual TimePointOnOutputInterval& timePointAt(std::size_t index) = 0;

@@ -1,0 +1,23 @@
+// The README's quick start as a program of its own. scripts/package-proof.sh
+// drops it into a new console app that takes both packages from the local
+// feed, and runs it on Linux and, published for win-x64, under Wine.
+using System;
+using Velarion;
+
+using var library = new VelarionLibrary();
+using var ids = library.getManagedDeviceIdentifiers();
+Console.WriteLine($"devices: {string.Join(", ", ids)}");
+if (ids.Count == 0)
+{
+    Console.WriteLine("no device found");
+    return 1;
+}
+
+using var placement = new Transform();
+using var emitter = new AmplitudeModulationEmitter(ids[0], placement);
+using var points = new ControlPointCollection();
+using var point = new AmplitudeModulationControlPoint(0f, 0f, 0.2f, 1f);
+points.add(point);
+bool emitting = emitter.update(points);
+Console.WriteLine($"a focal point 20 cm above {ids[0]}: {(emitting ? "emitting" : "refused")}");
+return emitting ? 0 : 1;
