@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 
 #include "Velarion/TimePointStreaming/ControlPointPersistent.h"
 #include "Velarion/TimePointStreaming/Emitter.h"
@@ -12,6 +13,23 @@ using Velarion::TimePointStreaming::ControlPointPersistent;
 using Velarion::TimePointStreaming::Emitter;
 using Velarion::TimePointStreaming::OutputInterval;
 using Velarion::TimePointStreaming::OutputIntervalIterator;
+using Velarion::TimePointStreaming::TimePointOnOutputInterval;
+
+// Forced: the write-back runs once per record, and the compiler's size
+// heuristics would otherwise keep it out of line.
+#if defined(_MSC_VER)
+#define VL_FORCE_INLINE __forceinline
+#else
+#define VL_FORCE_INLINE inline __attribute__((always_inline))
+#endif
+
+// The bridge makes about ten calls into the device library per time point;
+// calling through the GOT directly saves each one the PLT stub's extra jump.
+#if defined(__GNUC__) && !defined(__clang__) && defined(__ELF__)
+#define VL_NO_PLT __attribute__((optimize("no-plt")))
+#else
+#define VL_NO_PLT
+#endif
 
 namespace {
 
@@ -36,7 +54,7 @@ EmissionControlPointRecord recordOf(const ControlPointPersistent& point, uint16_
 
 // The order matters: position and intensity switch the point on, and the
 // record's own `enabled` has the last word.
-void writeBack(ControlPointPersistent& point, const EmissionControlPointRecord& record) {
+VL_FORCE_INLINE void writeBack(ControlPointPersistent& point, const EmissionControlPointRecord& record) {
   point.setPosition(record.position);
   point.setDirection(record.direction);
   point.setIntensity(record.intensity);
@@ -108,8 +126,8 @@ void SwigDirector_EmissionCallbackWrapper::swig_connect_director(SetSuspendedOve
   callbackOverride_ = callback_;
 }
 
-void nativeEmissionCallback(const Emitter& emitter, OutputInterval& interval, const HostTimePoint& callbackTime,
-                            void* userData) {
+VL_NO_PLT void nativeEmissionCallback(const Emitter& emitter, OutputInterval& interval,
+                                      const HostTimePoint& callbackTime, void* userData) {
   if (userData == nullptr) {
     return;
   }
@@ -130,10 +148,15 @@ void nativeEmissionCallback(const Emitter& emitter, OutputInterval& interval, co
     rowsGrew = true;
   }
 
-  HostTimePoint t = it.time();
-  for (size_t i = 0; i < n; ++i) {
-    wrapper.timepoints[i] = t;
-    t += interval.timePointSpacing();
+  if (n > 0) {
+    // Entries are handed out as they stand, alignment bytes included.
+    HostTimePoint* const times = wrapper.timepoints;
+    const Velarion::HostDuration& spacing = interval.timePointSpacing();
+    HostTimePoint t = it.time();
+    for (size_t i = 0; i < n; ++i) {
+      std::memcpy(static_cast<void*>(times + i), &t, sizeof(HostTimePoint));
+      t += spacing;
+    }
   }
 
   const unsigned int m = emitter.getMaximumControlPointCount();
@@ -147,31 +170,41 @@ void nativeEmissionCallback(const Emitter& emitter, OutputInterval& interval, co
 
   if (wrapper.isSuspended()) {
     // Replay the last answers; the last row repeats past the last count.
-    if (wrapper.last_timepoint_count == 0) {
+    const size_t last = wrapper.last_timepoint_count;
+    if (last == 0) {
       return;
     }
-    const size_t c = std::min<size_t>(m, wrapper.last_controlpoint_count);
-    for (size_t k = 0; it != interval.end(); ++k, ++it) {
-      const size_t row = std::min(k, wrapper.last_timepoint_count - 1);
-      for (size_t j = 0; j < c; ++j) {
-        ControlPointPersistent& point = it->persistentControlPoint(static_cast<unsigned int>(j));
-        const EmissionControlPointRecord& record = records[row * stride + j];
-        if (record.modified != 0) {
-          writeBack(point, record);
+    const unsigned int c = static_cast<unsigned int>(std::min<size_t>(m, wrapper.last_controlpoint_count));
+    const OutputIntervalIterator end = interval.end();
+    for (size_t k = 0; it != end; ++k, ++it) {
+      const EmissionControlPointRecord* const row = records + std::min(k, last - 1) * stride;
+      if (c == 0) {
+        continue;
+      }
+      TimePointOnOutputInterval* const timePoint = it.operator->();
+      for (unsigned int j = 0; j < c; ++j) {
+        ControlPointPersistent& point = timePoint->persistentControlPoint(j);
+        if (row[j].modified != 0) {
+          writeBack(point, row[j]);
         }
       }
     }
     return;
   }
 
-  // Every time point starts from the state of the interval's first one.
-  if (n > 0) {
+  // Every time point starts from the state of the interval's first one: the
+  // first row is built once and copied down, whole rows at a time, doubling
+  // (columns past m are never handed out as answers, so they may go along).
+  if (n > 0 && m > 0) {
+    TimePointOnOutputInterval* const first = it.operator->();
     for (unsigned int j = 0; j < m; ++j) {
-      const EmissionControlPointRecord record =
-          recordOf(it->persistentControlPoint(j), static_cast<uint16_t>(j));
-      for (size_t row = 0; row < n; ++row) {
-        records[row * stride + j] = record;
-      }
+      records[j] = recordOf(first->persistentControlPoint(j), static_cast<uint16_t>(j));
+    }
+    for (size_t done = 1; done < n;) {
+      const size_t rows = std::min(done, n - done);
+      std::memcpy(static_cast<void*>(records + done * stride), records,
+                  rows * stride * sizeof(EmissionControlPointRecord));
+      done += rows;
     }
   }
   wrapper.last_controlpoint_count = m;
@@ -181,13 +214,19 @@ void nativeEmissionCallback(const Emitter& emitter, OutputInterval& interval, co
                    wrapper.timepoints, records);
 
   // Rows past the capacity reuse the last one (only when the interval yields
-  // more time points than it counted).
-  for (size_t k = 0; it != interval.end(); ++k, ++it) {
-    const size_t row = std::min(k, wrapper.timepoint_capacity - 1);
+  // more time points than it counted). A time point is asked for its control
+  // points only when one of them is to be written.
+  const size_t lastRow = wrapper.timepoint_capacity - 1;
+  const OutputIntervalIterator end = interval.end();
+  for (size_t k = 0; it != end; ++k, ++it) {
+    const EmissionControlPointRecord* const row = records + std::min(k, lastRow) * stride;
+    TimePointOnOutputInterval* timePoint = nullptr;
     for (unsigned int j = 0; j < m; ++j) {
-      const EmissionControlPointRecord& record = records[row * stride + j];
-      if (record.modified != 0) {
-        writeBack(it->persistentControlPoint(j), record);
+      if (row[j].modified != 0) {
+        if (timePoint == nullptr) {
+          timePoint = it.operator->();
+        }
+        writeBack(timePoint->persistentControlPoint(j), row[j]);
       }
     }
   }

@@ -243,3 +243,52 @@ TEST_F(EmissionBridge, AnUnconnectedDirectorThrowsIntoTheDeviceLibrary) {
   install(wrapper);
   harness::call<void(void*)>("CSharp_Velarion_delete_EmissionCallbackWrapper", bare);
 }
+
+// The first row is copied down in doubling blocks of whole rows: every shape,
+// powers of two or not, with the stride at or past the control point count,
+// must hand every row the same records; sparse answers reach only their points.
+TEST_F(EmissionBridge, EveryRowOfEveryShapeStartsFromTheFirstTimePoint) {
+  std::vector<ControlPointPersistent> seeded;
+  for (uint32_t j = 0; j < 5; ++j) {
+    seeded.push_back(pointWith(j, Vector3(0.1f * j, 0.2f, 0.3f), 0.1f * j, j % 2 == 0, 500 + j));
+    emulator::setPersistentControlPoint(emitter, j, seeded.back());
+  }
+  const std::pair<std::size_t, unsigned int> shapes[] = {{1, 1}, {7, 1}, {13, 3}, {33, 5}, {6, 2}};
+  for (const auto& [n, m] : shapes) {
+    step(n, m);
+    const Seen& seen = Managed::seen().back();
+    ASSERT_EQ(seen.timepointCount, n);
+    for (std::size_t k = 0; k < n; ++k) {
+      EXPECT_TRUE(sameTime(seen.times[k], timeOf(k))) << n << " x " << m << ", time point " << k;
+      for (unsigned int j = 0; j < m; ++j) {
+        const Record& r = seen.rows[k * seen.stride + j];
+        EXPECT_EQ(r.position, seeded[j].position) << n << " x " << m << ", row " << k << ", column " << j;
+        EXPECT_EQ(r.intensity, seeded[j].intensity);
+        EXPECT_EQ(r.carried_value, seeded[j].getCarriedValue());
+        EXPECT_EQ(r.enabled, seeded[j].isEnabled() ? 1 : 0);
+        EXPECT_EQ(r.index, j);
+        EXPECT_EQ(r.modified, 0);
+      }
+    }
+  }
+  EXPECT_EQ(Managed::seen().back().stride, 5u);
+
+  Managed::answer() = [](unsigned int, unsigned int, unsigned int stride, Record* records) {
+    at(records, stride, 2, 1).intensity = -0.75f;
+    at(records, stride, 2, 1).modified = 1;
+    at(records, stride, 5, 0).carried_value = 9;
+    at(records, stride, 5, 0).modified = 1;
+  };
+  step(6, 2);
+  for (std::size_t k = 0; k < 6; ++k) {
+    for (unsigned int j = 0; j < 2; ++j) {
+      ControlPointPersistent expected = seeded[j];
+      if (k == 2 && j == 1) {
+        expected.setIntensity(-0.75f);
+        expected.setEnabled(seeded[j].isEnabled());  // the record's flag has the last word
+      }
+      if (k == 5 && j == 0) expected.setCarriedValue(9);
+      expectSamePoint(delivered(k, j), expected);
+    }
+  }
+}

@@ -3,6 +3,8 @@
 // every binary that derives an interval needs).
 #include "Velarion/TimePointStreaming/OutputInterval.h"
 
+#include "streaming/EmulatedInterval.h"
+
 #include <stdexcept>
 
 namespace Velarion {
@@ -26,9 +28,13 @@ OutputIntervalIterator& OutputIntervalIterator::operator++() {
   return *this;
 }
 
-bool OutputIntervalIterator::operator!=(const OutputIntervalIterator& other) const { return !(*this == other); }
+// Each compares on its own: one calling the other would go through this
+// library's PLT, once per time point of every interval.
+bool OutputIntervalIterator::operator!=(const OutputIntervalIterator& other) const {
+  return index_ != other.index_ || interval_ != other.interval_;
+}
 bool OutputIntervalIterator::operator==(const OutputIntervalIterator& other) const {
-  return interval_ == other.interval_ && index_ == other.index_;
+  return index_ == other.index_ && interval_ == other.interval_;
 }
 
 TimePointOnOutputInterval::TimePointOnOutputInterval(const HostTimePoint& time, ControlPointPersistent* controlPoints,

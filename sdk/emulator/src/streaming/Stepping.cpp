@@ -1,4 +1,5 @@
 // Deterministic stepping of time-point streaming emitters.
+#include <climits>
 #include <cstdint>
 #include <exception>
 #include <stdexcept>
@@ -39,7 +40,10 @@ void step(Emitter& emitter, const Interval& request) {
   if (request.endTime) {
     end = *request.endTime;
   } else {
-    for (std::size_t k = 0; k < request.timePointCount; ++k) end += request.spacing;
+    // The product wraps like the sum of that many steps would.
+    std::size_t left = request.timePointCount;
+    for (; left > UINT_MAX; left -= UINT_MAX) end += request.spacing * UINT_MAX;
+    end += request.spacing * static_cast<unsigned int>(left);
   }
   state.interval.prepare(request.firstTime, request.spacing, request.timePointCount, end, end, state.persistent.data(),
                          pointCount);

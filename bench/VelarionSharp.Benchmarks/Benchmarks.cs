@@ -1,0 +1,196 @@
+using System;
+using System.Collections.Generic;
+using BenchmarkDotNet.Attributes;
+
+namespace Velarion.Benchmarks
+{
+    /// <summary>What the emission benchmarks' "managed code" writes into every record.</summary>
+    internal static class Edit
+    {
+        public const float Intensity = 0.8f;
+        public static float Height(int timePoint) => 0.2f + 0.0001f * timePoint;
+
+        public static void Apply(Span<PlainRecord> row, int timePoint)
+        {
+            for (int j = 0; j < row.Length; j++)
+            {
+                ref var record = ref row[j];
+                record.Position.Z = Height(timePoint);
+                record.Intensity = Intensity;
+                record.Modified = 1;
+            }
+        }
+    }
+
+    /// <summary>Vector addition: through the binding, the same export by hand, and pure managed.</summary>
+    [MemoryDiagnoser]
+    public class VectorAddition
+    {
+        private BoundVectors bound;
+        private IntPtr a;
+        private IntPtr b;
+        private System.Numerics.Vector3 managedA = new(1f, 2f, 3f);
+        private System.Numerics.Vector3 managedB = new(0.5f, -1f, 4f);
+
+        [GlobalSetup]
+        public void SetUp()
+        {
+            bound = new BoundVectors();
+            a = Floor.NewVector(1f, 2f, 3f);
+            b = Floor.NewVector(0.5f, -1f, 4f);
+        }
+
+        [GlobalCleanup]
+        public void CleanUp()
+        {
+            bound.Dispose();
+            Floor.DeleteVector(a);
+            Floor.DeleteVector(b);
+        }
+
+        [Benchmark(Description = "binding, result disposed")]
+        public void Binding() => bound.AddAndDispose();
+
+        [Benchmark(Description = "binding, result left to the finalizer")]
+        public object BindingNotDisposed() => bound.AddAndDrop();
+
+        [Benchmark(Baseline = true, Description = "floor: [LibraryImport] of the export")]
+        public void LibraryImport() => Floor.DeleteVector(Floor.AddVectors(a, b));
+
+        [Benchmark(Description = "floor: System.Numerics.Vector3")]
+        public System.Numerics.Vector3 PureManaged() => managedA + managedB;
+    }
+
+    /// <summary>One string element of a StringList.</summary>
+    [MemoryDiagnoser]
+    public class StringListElement
+    {
+        private const string Text = "VLA16-2A1F0031";
+        private BoundStringList bound;
+        private IntPtr list;
+        private List<string> managed;
+
+        [GlobalSetup(Target = nameof(Binding))]
+        public void SetUpBinding() => bound = new BoundStringList(Text);
+
+        // Registers its own string callback for the module: only in its own
+        // process, which never touches the binding.
+        [GlobalSetup(Target = nameof(LibraryImport))]
+        public void SetUpFloor()
+        {
+            Floor.UseDecodeOnceStrings();
+            list = Floor.NewStringList();
+            Floor.AddString(list, Text);
+        }
+
+        [GlobalSetup(Target = nameof(PureManaged))]
+        public void SetUpManaged() => managed = new List<string> { Text };
+
+        [GlobalCleanup]
+        public void CleanUp()
+        {
+            bound?.Dispose();
+            if (list != IntPtr.Zero) Floor.DeleteStringList(list);
+        }
+
+        [Benchmark(Description = "binding: list[0]")]
+        public string Binding() => bound.Read();
+
+        [Benchmark(Baseline = true, Description = "floor: [LibraryImport], string decoded once")]
+        public string LibraryImport()
+        {
+            Floor.GetItem(list, 0);
+            return Floor.TakeString();
+        }
+
+        [Benchmark(Description = "floor: List<string>[0]")]
+        public string PureManaged() => managed[0];
+    }
+
+    /// <summary>
+    /// One 80 x 16 output interval: the emulator stepping it through a C#
+    /// EmissionCallback that edits every record, against the emulator stepping
+    /// it with no callback plus the same edit on a managed array. Between the
+    /// two, the native bridge calling a bare static C# function: what is left
+    /// once the binding's managed layer is taken away.
+    /// </summary>
+    [MemoryDiagnoser]
+    public class EmissionRoundTrip
+    {
+        private const uint TimePoints = 80;
+        private const uint ControlPoints = 16;
+        private const long SpacingNanoseconds = 25_000;  // 40 kHz
+        private long firstTime = 1_000_000_000;
+        private BoundStreaming bound;
+        private IntPtr emitter;
+        private PlainRecord[] records;
+        private IntPtr bareEmitter;
+        private IntPtr bareWrapper;
+
+        [GlobalSetup(Target = nameof(Binding))]
+        public void SetUpBinding() => bound = new BoundStreaming();
+
+        [GlobalSetup(Target = nameof(BareBridge))]
+        public void SetUpBareBridge()
+        {
+            bareEmitter = Floor.NewSteppedEmitter();
+            bareWrapper = Floor.InstallBareCallback(bareEmitter);
+        }
+
+        [GlobalSetup(Target = nameof(EmulatorAndEdit))]
+        public void SetUpFloor()
+        {
+            emitter = Floor.NewSteppedEmitter();
+            records = new PlainRecord[TimePoints * ControlPoints];
+        }
+
+        [GlobalCleanup]
+        public void CleanUp()
+        {
+            if (bound != null && bound.LastIntensity(TimePoints - 1, ControlPoints - 1) != Edit.Intensity)
+            {
+                throw new InvalidOperationException("the binding's answers did not reach the emulator");
+            }
+            bound?.Dispose();
+            if (emitter != IntPtr.Zero) Floor.DeleteSteppedEmitter(emitter);
+            if (bareEmitter != IntPtr.Zero)
+            {
+                Floor.SetEmissionCallback(bareEmitter, IntPtr.Zero);
+                Floor.DeleteSteppedEmitter(bareEmitter);
+                Floor.DeleteEmissionCallbackWrapper(bareWrapper);
+            }
+        }
+
+        [Benchmark(Description = "binding: EmissionCallback, 80 x 16")]
+        public void Binding()
+        {
+            bound.Step(firstTime, SpacingNanoseconds, TimePoints, ControlPoints);
+            firstTime += TimePoints * SpacingNanoseconds;
+        }
+
+        [Benchmark(Baseline = true, Description = "floor: emulator + the same edit, 80 x 16")]
+        public void EmulatorAndEdit()
+        {
+            if (Floor.Step(emitter, firstTime, SpacingNanoseconds, TimePoints, ControlPoints) != 0)
+            {
+                throw new InvalidOperationException("stepping failed");
+            }
+            firstTime += TimePoints * SpacingNanoseconds;
+            var all = records.AsSpan();
+            for (int k = 0; k < TimePoints; k++)
+            {
+                Edit.Apply(all.Slice(k * (int)ControlPoints, (int)ControlPoints), k);
+            }
+        }
+
+        [Benchmark(Description = "native bridge + [UnmanagedCallersOnly] edit, 80 x 16")]
+        public void BareBridge()
+        {
+            if (Floor.Step(bareEmitter, firstTime, SpacingNanoseconds, TimePoints, ControlPoints) != 0)
+            {
+                throw new InvalidOperationException("stepping failed");
+            }
+            firstTime += TimePoints * SpacingNanoseconds;
+        }
+    }
+}
