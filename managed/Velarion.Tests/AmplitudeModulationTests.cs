@@ -103,7 +103,7 @@ namespace Velarion.Tests
             Assert.Equal("index", Assert.Throws<ArgumentOutOfRangeException>(() => points[1]).ParamName);
             Assert.Throws<ArgumentOutOfRangeException>(() => points[1] = point);
             using (var stored = points[0])
-            using (var position = stored.Position) Assert.Equal(0.01f, position.x);
+            using (var position = stored.Position) Assert.Equal(0.01f, position.X);
             points.remove(7);
             Assert.Equal(1, points.Count);
         }

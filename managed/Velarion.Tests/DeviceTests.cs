@@ -1,6 +1,7 @@
 using System;
 using System.Collections.Concurrent;
 using System.IO;
+using System.Linq;
 using System.Runtime.CompilerServices;
 using System.Text;
 using Xunit;
@@ -34,26 +35,26 @@ namespace Velarion.Tests
             Assert.Null(ReadIdentifier(library, 2));
 
             using var first = library.getDeviceInfoByIndex(0);
-            Assert.Equal(A16, first.getDeviceIdentifier());
-            Assert.Equal("VLA16", first.getModelIdentifier());
-            Assert.Equal("2A1F0031", first.getSerialNumber());
-            Assert.Equal("3.2.1", first.getFirmwareVersion());
-            Assert.Equal("2018-10-04", first.getFirmwareBuildDate());
-            Assert.Equal("VLA16 16x16 10.5mm", first.getTransducerLayoutName());
-            Assert.StartsWith("Velarion A16 array", first.getModelDescription());
-            Assert.Equal(0.168f, first.arrayWidth(), 5);
-            Assert.Equal(0.168f, first.arrayDepth(), 5);
-            Assert.True(first.getSupportedFeatures().HasFlag(DeviceFeatures.TimePointStreaming));
-            Assert.True(first.hasSupportFor(DeviceFeatures.AmplitudeModulation | DeviceFeatures.MultiDeviceSynchronization));
+            Assert.Equal(A16, first.DeviceIdentifier);
+            Assert.Equal("VLA16", first.ModelIdentifier);
+            Assert.Equal("2A1F0031", first.SerialNumber);
+            Assert.Equal("3.2.1", first.FirmwareVersion);
+            Assert.Equal("2018-10-04", first.FirmwareBuildDate);
+            Assert.Equal("VLA16 16x16 10.5mm", first.TransducerLayoutName);
+            Assert.StartsWith("Velarion A16 array", first.ModelDescription);
+            Assert.Equal(0.168f, first.ArrayWidth, 5);
+            Assert.Equal(0.168f, first.ArrayDepth, 5);
+            Assert.True(first.SupportedFeatures.HasFlag(DeviceFeatures.TimePointStreaming));
+            Assert.True(first.HasSupportFor(DeviceFeatures.AmplitudeModulation | DeviceFeatures.MultiDeviceSynchronization));
 
             using var second = library.getDeviceInfoByIdentifier(C10);
-            Assert.Equal("VLC10", second.getModelIdentifier());
-            Assert.False(second.hasSupportFor(DeviceFeatures.MultiDeviceSynchronization));
+            Assert.Equal("VLC10", second.ModelIdentifier);
+            Assert.False(second.HasSupportFor(DeviceFeatures.MultiDeviceSynchronization));
             using var copy = new DeviceInfo(second);
-            Assert.Equal(C10, copy.getDeviceIdentifier());
+            Assert.Equal(C10, copy.DeviceIdentifier);
 
             using var unknown = library.getDeviceInfoByIdentifier("NO-SUCH-DEVICE");
-            Assert.Equal("", unknown.getDeviceIdentifier());
+            Assert.Equal("", unknown.DeviceIdentifier);
         }
 
         [Fact]
@@ -64,15 +65,18 @@ namespace Velarion.Tests
             Assert.Equal(new[] { A16, C10 }, identifiers);
 
             using var infos = library.getManagedDeviceInfos();
-            Assert.Equal(2, infos.Count);
-            Assert.Equal(A16, infos[0].getDeviceIdentifier());
-            Assert.Equal("VLC10", infos[1].getModelIdentifier());
-            using var layout = infos[0].getTransducerConfiguration();
-            Assert.Equal(256ul, layout.size());
+            Assert.Equal(new[] { "VLA16", "VLC10" }, infos.Select(i => i.ModelIdentifier));
+            Assert.Equal(A16, infos.First(i => i.HasSupportFor(DeviceFeatures.MultiDeviceSynchronization)).DeviceIdentifier);
+            using var layout = infos[0].GetTransducerConfiguration();
+            Assert.Equal(256, layout.Count);
+
+            // Elements are copies: disposing one, or changing a copied list, leaves the list alone.
+            infos[1].Dispose();
             using var copy = new DeviceInfoList(infos);
             copy.Reverse();
-            Assert.Equal(A16, copy[1].getDeviceIdentifier());
-            Assert.Equal(C10, infos[1].getDeviceIdentifier());
+            copy.RemoveAt(1);
+            Assert.Equal(new[] { C10 }, copy.Select(i => i.DeviceIdentifier));
+            Assert.Equal(new[] { A16, C10 }, infos.Select(i => i.DeviceIdentifier));
         }
 
         [Fact]
@@ -87,52 +91,71 @@ namespace Velarion.Tests
 
             using var alignment = new Alignment();
             var fifteen = new double[15];
-            Assert.Throws<ArgumentException>(() => alignment.fromDeviceToTrackingTransformToArray4x4(fifteen));
-            Assert.Throws<ArgumentException>(() => alignment.fromTrackingToDeviceTransformToArray4x4(new float[15]));
-            Assert.Throws<ArgumentNullException>(() => alignment.fromTrackingToDeviceTransformToArray4x4((float[])null));
+            Assert.Throws<ArgumentException>(() => alignment.FromDeviceToTrackingTransformToArray4x4(fifteen));
+            Assert.Throws<ArgumentException>(() => alignment.FromTrackingToDeviceTransformToArray4x4(new float[15]));
+            Assert.Throws<ArgumentNullException>(() => alignment.FromTrackingToDeviceTransformToArray4x4((float[])null));
             Assert.All(fifteen, v => Assert.Equal(0.0, v));
         }
 
         [MethodImpl(MethodImplOptions.NoInlining)]
-        private static Transducer FirstElementOfADroppedLayout(DeviceInfo info) => info.getTransducerConfiguration().at(0);
+        private static Transducer FirstElementOfADroppedLayout(DeviceInfo info) => info.GetTransducerConfiguration()[0];
 
         [Fact]
         public void ReadsTransducerLayoutsAndDefaultAlignments()
         {
             using var library = new VelarionLibrary();
             using var info = library.getDeviceInfoByIdentifier(C10);
-            using var layout = info.getTransducerConfiguration();
-            Assert.Equal(100ul, layout.size());
-            var corner = layout.at(0);
-            var next = layout.at(1);
-            Assert.Equal(-4.5f * 0.0086f, corner.x_position, 6);
-            Assert.Equal(0.0086f, next.x_position - corner.x_position, 6);
-            Assert.Equal(1f, corner.z_upvector);
-            Assert.True(corner.isEnabled());
+            using var layout = info.GetTransducerConfiguration();
+            Assert.Equal(100, layout.Count);
+            var corner = layout[0];
+            var next = layout[1];
+            Assert.Equal(-4.5f * 0.0086f, corner.XPosition, 6);
+            Assert.Equal(0.0086f, next.XPosition - corner.XPosition, 6);
+            Assert.Equal(1f, corner.ZUpVector);
+            Assert.True(corner.IsEnabled);
             // Past the end the device library would throw through the native frames.
-            Assert.Throws<ArgumentOutOfRangeException>(() => layout.at(100));
-            Assert.Equal(corner.x_position, layout.data().x_position);
+            Assert.Throws<ArgumentOutOfRangeException>(() => layout[100]);
+            Assert.Throws<ArgumentOutOfRangeException>(() => layout[-1]);
+            Assert.Equal(100, layout.Count(t => t.IsEnabled));
+            Assert.Equal(corner.Position, layout.First().Position);
 
             // A borrowed element keeps its container reachable.
             var element = FirstElementOfADroppedLayout(info);
             GC.Collect();
             GC.WaitForPendingFinalizers();
-            Assert.Equal(corner.x_position, element.x_position);
+            Assert.Equal(corner.XPosition, element.XPosition);
 
-            using var alignment = info.getDefaultAlignment();
+            using var alignment = info.GetDefaultAlignment();
             var toTracking = new double[16];
             var toDevice = new float[16];
-            alignment.fromDeviceToTrackingTransformToArray4x4(toTracking);
-            alignment.fromTrackingToDeviceTransformToArray4x4(toDevice);
+            alignment.FromDeviceToTrackingTransformToArray4x4(toTracking);
+            alignment.FromTrackingToDeviceTransformToArray4x4(toDevice);
             Assert.Equal(-0.086, toTracking[7], 6);
             Assert.Equal(0.086f, toDevice[7], 6);
             Assert.Equal(1.0, toTracking[15]);
 
             using var origin = new NVector3(0, 0, 0);
-            using var tracked = alignment.fromDevicePositionToTrackingPosition(origin);
-            Assert.Equal(-0.086f, tracked.y, 6);
-            using var back = alignment.fromTrackingPositionToDevicePosition(tracked);
-            Assert.Equal(0f, back.y, 6);
+            using var tracked = alignment.FromDevicePositionToTrackingPosition(origin);
+            Assert.Equal(-0.086f, tracked.Y, 6);
+            using var back = alignment.FromTrackingPositionToDevicePosition(tracked);
+            Assert.Equal(0f, back.Y, 6);
+
+            // The same through System.Numerics values, and the 4 x 4 arrays in its convention.
+            var point = new System.Numerics.Vector3(0.01f, 0.02f, 0.2f);
+            var inTracking = alignment.FromDevicePositionToTrackingPosition(point);
+            Assert.Equal(0.02f - 0.086f, inTracking.Y, 6);
+            var viaMatrix = System.Numerics.Vector3.Transform(point, alignment.GetDeviceToTrackingTransform());
+            Assert.True(System.Numerics.Vector3.Distance(inTracking, viaMatrix) < 1e-6f);
+            Assert.True(System.Numerics.Vector3.Distance(point, alignment.FromTrackingPositionToDevicePosition(inTracking)) < 1e-6f);
+            Assert.Equal(new System.Numerics.Vector3(0, 0, 1), alignment.FromDeviceDirectionToTrackingDirection(System.Numerics.Vector3.UnitZ));
+
+            // An alignment made from a System.Numerics transform maps as that transform does.
+            var placed = System.Numerics.Matrix4x4.CreateRotationY(0.4f) * System.Numerics.Matrix4x4.CreateTranslation(0.1f, 0.2f, -0.3f);
+            using var made = Alignment.FromNumerics(placed);
+            Assert.True(System.Numerics.Vector3.Distance(System.Numerics.Vector3.Transform(point, placed),
+                                                         made.FromDevicePositionToTrackingPosition(point)) < 1e-6f);
+            var roundTrip = made.GetDeviceToTrackingTransform();
+            Assert.True(System.Numerics.Vector3.Distance(placed.Translation, roundTrip.Translation) < 1e-6f);
         }
 
         [Fact]
@@ -167,20 +190,20 @@ namespace Velarion.Tests
             try
             {
                 using var turned = new Alignment(0, -1, 0, 1, 0, 0, 0, 0, 1, 0.25f, 0, 0);
-                Assert.True(turned.saveAlignment(path));
+                Assert.True(turned.SaveAlignment(path));
                 using var loaded = new Alignment(path);
                 var expected = new float[16];
                 var actual = new float[16];
-                turned.fromDeviceToTrackingTransformToArray4x4(expected);
-                loaded.fromDeviceToTrackingTransformToArray4x4(actual);
+                turned.FromDeviceToTrackingTransformToArray4x4(expected);
+                loaded.FromDeviceToTrackingTransformToArray4x4(actual);
                 Assert.Equal(expected, actual);
 
                 File.WriteAllText(path, "velarion-alignment 1\nrotation 1 0 0\n");
-                Assert.False(loaded.loadAlignment(path));
-                loaded.fromDeviceToTrackingTransformToArray4x4(actual);
+                Assert.False(loaded.LoadAlignment(path));
+                loaded.FromDeviceToTrackingTransformToArray4x4(actual);
                 Assert.Equal(expected, actual);
 
-                var e = Assert.Throws<ArgumentNullException>(() => turned.fromTrackingDirectionToDeviceDirection(null));
+                var e = Assert.Throws<ArgumentNullException>(() => turned.FromTrackingDirectionToDeviceDirection(null));
                 Assert.Equal("Velarion::Vector3 const & type is null", VectorTests.Message(e));
                 e = Assert.Throws<ArgumentNullException>(() => new Alignment((Alignment)null));
                 Assert.Equal("Velarion::Alignment const & type is null", VectorTests.Message(e));
@@ -214,7 +237,7 @@ namespace Velarion.Tests
             {
                 // Texts cross intact, also outside ASCII.
                 string path = Path.Combine(Path.GetTempPath(), $"no-such-folder-{Guid.NewGuid():N}-é", "ausrichtung-ü.alignment");
-                using (var alignment = new Alignment()) Assert.False(alignment.loadAlignment(path));
+                using (var alignment = new Alignment()) Assert.False(alignment.LoadAlignment(path));
                 var line = Assert.Single(lines, l => l.Area == "Alignment" && l.Message.Contains(path));
                 Assert.Equal(2u, line.Level);
                 Assert.Equal($"cannot read alignment file \"{path}\"", line.Message);
@@ -239,7 +262,7 @@ namespace Velarion.Tests
             try
             {
                 using var alignment = new Alignment();
-                Assert.False(alignment.loadAlignment(Path.Combine(Path.GetTempPath(), $"no-such-folder-{Guid.NewGuid():N}", "a")));
+                Assert.False(alignment.LoadAlignment(Path.Combine(Path.GetTempPath(), $"no-such-folder-{Guid.NewGuid():N}", "a")));
                 Assert.Contains(failures, e => e.Message.StartsWith("cannot read alignment file"));
             }
             finally
@@ -251,16 +274,16 @@ namespace Velarion.Tests
         [Fact]
         public void VersionConstantsAndTheLoadedVersion()
         {
-            Assert.Equal("2.6.4-ST", velarion.VL_SDK_VERSION);
-            Assert.Equal("2.6.4-ST-Windows-Win64", velarion.VL_SDK_VERSION_LONG);
-            Assert.Equal(velarion.VL_SDK_VERSION_MAJOR * 65536 + velarion.VL_SDK_VERSION_MINOR * 256 + velarion.VL_SDK_VERSION_PATCH,
-                         velarion.VL_SDK_VERSION_INT);
+            Assert.Equal("2.6.4-ST", InterfaceVersion.Version);
+            Assert.Equal("2.6.4-ST-Windows-Win64", InterfaceVersion.LongVersion);
+            Assert.Equal(InterfaceVersion.Major * 65536 + InterfaceVersion.Minor * 256 + InterfaceVersion.Patch,
+                         InterfaceVersion.Packed);
             using var loaded = new VersionInfo();
             Assert.Equal("2.6.4-ST", loaded.VersionString);
-            Assert.Equal((2u, 6u, 4u), (loaded.MajorVersion, loaded.MinorVersion, loaded.PatchVersion));
+            Assert.Equal(new Version(InterfaceVersion.Major, InterfaceVersion.Minor, InterfaceVersion.Patch), loaded.Version);
             Assert.Equal("Emulator", loaded.VariantName);
-            VersionInfo.checkVersion();
-            VersionInfo.checkVersion(2, 6, 4);
+            VersionInfo.CheckVersion();
+            VersionInfo.CheckVersion(2, 6, 4);
         }
     }
 }

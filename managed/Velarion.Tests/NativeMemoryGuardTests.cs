@@ -13,8 +13,7 @@ namespace Velarion.Tests
     {
         private static Transducer Element(float x) => new Transducer(x, 0, 0, 0, 0, 1, 1);
 
-        private static float[] Xs(TransducerContainer container) =>
-            Enumerable.Range(0, (int)container.size()).Select(i => container.at((uint)i).x_position).ToArray();
+        private static float[] Xs(TransducerContainer container) => container.Select(t => t.XPosition).ToArray();
 
         [Fact]
         public void TransducerArraysAreCopiedWithTheirOwnCount()
@@ -22,20 +21,26 @@ namespace Velarion.Tests
             using var container = new TransducerContainer(new[] { Element(1), Element(2), Element(3) });
             Assert.Equal(new[] { 1f, 2f, 3f }, Xs(container));
 
-            Assert.True(container.insert(1, new[] { Element(4), Element(5) }));
-            Assert.True(container.insert(5, new[] { Element(6) }));
-            Assert.True(container.insert(0, Array.Empty<Transducer>()));
-            Assert.False(container.insert(7, new[] { Element(7) }));
+            container.Insert(1, Element(4), Element(5));
+            container.Add(Element(6));
+            container.Insert(0);
+            Assert.Throws<ArgumentOutOfRangeException>(() => container.Insert(7, Element(7)));
+            Assert.Throws<ArgumentOutOfRangeException>(() => container.Insert(-1, Element(7)));
             Assert.Equal(new[] { 1f, 4f, 5f, 2f, 3f, 6f }, Xs(container));
 
             // The container's own elements may be inserted into it: they are copied first.
-            Assert.True(container.insert(0, new[] { container.at(5), container.at(4) }));
-            Assert.True(container.insert(0, 1, container.at(2)));
+            container.Insert(0, container[5], container[4]);
+            Assert.True(container.insert(0, 1, container[2]));
             Assert.Equal(new[] { 1f, 6f, 3f, 1f, 4f, 5f, 2f, 3f, 6f }, Xs(container));
 
             Assert.Throws<ArgumentNullException>(() => new TransducerContainer((Transducer[])null));
-            Assert.Throws<ArgumentException>(() => container.insert(0, new[] { Element(8), null }));
-            Assert.Equal(9ul, container.size());
+            Assert.Throws<ArgumentException>(() => container.Insert(0, Element(8), null));
+            Assert.Equal(9, container.Count);
+
+            // Snapshots are copies that outlive the container.
+            Transducer[] copies = container.ToArray();
+            container.Dispose();
+            Assert.Equal(new[] { 1f, 6f, 3f, 1f, 4f, 5f, 2f, 3f, 6f }, copies.Select(t => t.XPosition));
         }
 
         [Fact]
@@ -57,33 +62,39 @@ namespace Velarion.Tests
         public void ElementsBorrowedBeforeAChangeOrDisposalAreRefused()
         {
             var container = new TransducerContainer(new[] { Element(1), Element(2) });
-            var first = container.at(0);
-            var data = container.data();
-            first.multiplier = 0.5f;  // a borrowed element writes into the container
-            Assert.Equal(0.5f, data.multiplier);
+            var first = container[0];
+            var again = container[0];
+            first.Multiplier = 0.5f;  // a borrowed element writes into the container
+            Assert.Equal(0.5f, again.Multiplier);
 
             // Growing may move the storage: the old elements would read freed memory.
-            Assert.True(container.insert(2, Enumerable.Range(0, 64).Select(i => Element(i)).ToArray()));
-            Assert.Throws<ObjectDisposedException>(() => first.x_position);
-            Assert.Throws<ObjectDisposedException>(() => data.multiplier = 1);
-            Assert.Throws<ObjectDisposedException>(() => first.isEnabled());
-            Assert.Throws<ObjectDisposedException>(() => container.insert(0, 1, first));
+            container.Add(Enumerable.Range(0, 64).Select(i => Element(i)).ToArray());
+            Assert.Throws<ObjectDisposedException>(() => first.XPosition);
+            Assert.Throws<ObjectDisposedException>(() => again.Multiplier = 1);
+            Assert.Throws<ObjectDisposedException>(() => first.IsEnabled);
+            Assert.Throws<ObjectDisposedException>(() => container.Insert(0, first));
             Assert.Throws<ObjectDisposedException>(() => new TransducerContainer(new[] { first }));
 
-            var second = container.at(1);
-            Assert.False(container.erase(60, 10));  // nothing changed: still valid
-            Assert.Equal(2f, second.x_position);
-            Assert.True(container.erase(0, 1));
-            Assert.Throws<ObjectDisposedException>(() => second.x_position);
+            var second = container[1];
+            Assert.Throws<ArgumentException>(() => container.RemoveRange(60, 10));  // nothing changed: still valid
+            Assert.Equal(2f, second.XPosition);
+            container.RemoveAt(0);
+            Assert.Throws<ObjectDisposedException>(() => second.XPosition);
 
-            var last = container.at(64);
+            // Enumerating while the container changes stops at the next step.
+            Assert.Throws<InvalidOperationException>(() =>
+            {
+                foreach (var element in container) container.RemoveAt(container.Count - 1);
+            });
+
+            var last = container[container.Count - 1];
             container.Dispose();
-            Assert.Throws<ObjectDisposedException>(() => last.x_position);
+            Assert.Throws<ObjectDisposedException>(() => last.XPosition);
 
             // An element of its own stays usable.
             var own = Element(3);
-            own.x_position = 4;
-            Assert.Equal(4f, own.x_position);
+            own.Position = new System.Numerics.Vector3(4, 5, 6);
+            Assert.Equal((4f, 6f), (own.XPosition, own.ZPosition));
         }
 
         // Makes an owner, borrows from it and lets go of it.
@@ -102,11 +113,11 @@ namespace Velarion.Tests
             {
                 BorrowFromADroppedOwner(() => new ControlPointBase(1, 2, 3, 0.5f), r => r.position),
                 BorrowFromADroppedOwner(() => new ControlPointBase(1, 2, 3, 0.5f), r => r.direction),
-                BorrowFromADroppedOwner(() => Transform.translation(1, 2, 3), t => t.basis()),
-                BorrowFromADroppedOwner(() => Transform.translation(1, 2, 3), t => t.origin_internal()),
+                BorrowFromADroppedOwner(() => Transform.Translation(1, 2, 3), t => t.Basis),
+                BorrowFromADroppedOwner(() => Transform.Translation(1, 2, 3), t => t.Origin),
                 BorrowFromADroppedOwner(() => new TimePointStreamingEmitter(), e => e.SamplingInterval),
                 BorrowFromADroppedOwner(() => new TimePointStreamingEmitter(), e => e.LastSampleTime),
-                BorrowFromADroppedOwner(() => new TransducerContainer(new[] { Element(1) }), c => c.at(0)),
+                BorrowFromADroppedOwner(() => new TransducerContainer(new[] { Element(1) }), c => c[0]),
                 BorrowFromADroppedOwner(() =>
                 {
                     var points = new ControlPointCollection();
@@ -121,41 +132,44 @@ namespace Velarion.Tests
 
             // The owners' proxies may be gone; their native objects are not.
             var origin = (NVector3)cases[3].Borrowed;
-            Assert.Equal((1f, 2f, 3f), (origin.x, origin.y, origin.z));
-            Assert.Equal(1.0, ((Matrix3x3)cases[2].Borrowed).at(2, 2));
+            Assert.Equal((1f, 2f, 3f), (origin.X, origin.Y, origin.Z));
+            Assert.Equal(1.0, ((Matrix3x3)cases[2].Borrowed)[2, 2]);
             Assert.Equal(0.7f, ((AmplitudeModulationControlPoint)cases[7].Borrowed).getIntensity());
-            Assert.True(((HostDuration)cases[4].Borrowed).nanoseconds() > 0);
+            Assert.True(((HostDuration)cases[4].Borrowed).Nanoseconds > 0);
             foreach (var c in cases) ((IDisposable)c.Borrowed).Dispose();
         }
 
         [Fact]
         public void MatrixIndicesAndElementArraysStayInsideTheMatrix()
         {
-            using var rotation = Matrix3x3.rotate(new NVector3(0, 0, 1), Math.PI / 2);
-            using var scale = Matrix4x4.scale(2, 3, 4);
+            using var z = new NVector3(0, 0, 1);
+            using var rotation = Matrix3x3.Rotate(z, Math.PI / 2);
+            using var scale = Matrix4x4.Scale(2, 3, 4);
 
             // Natively unchecked: far indices read far outside the matrix.
-            Assert.Throws<ArgumentOutOfRangeException>(() => rotation.at(3, 0));
-            Assert.Throws<ArgumentOutOfRangeException>(() => rotation.at(0, uint.MaxValue));
-            Assert.Throws<ArgumentOutOfRangeException>(() => rotation.getRow(-1));
-            Assert.Throws<ArgumentOutOfRangeException>(() => rotation.getCol(100_000_000));
-            using (var row = rotation.getRow(2)) Assert.Equal(1f, row.z);
+            Assert.Throws<ArgumentOutOfRangeException>(() => rotation[3, 0]);
+            Assert.Throws<ArgumentOutOfRangeException>(() => rotation[0, -1]);
+            Assert.Throws<ArgumentOutOfRangeException>(() => rotation[0, 3] = 1);
+            Assert.Throws<ArgumentOutOfRangeException>(() => scale[4, 0]);
+            Assert.Throws<ArgumentOutOfRangeException>(() => rotation.GetRow(-1));
+            Assert.Throws<ArgumentOutOfRangeException>(() => rotation.GetColumn(100_000_000));
+            using (var row = rotation.GetRow(2)) Assert.Equal(1f, row.Z);
 
-            double[] nine = rotation.element;
-            double[] sixteen = scale.element;
+            double[] nine = rotation.Elements;
+            double[] sixteen = scale.Elements;
             Assert.Equal((9, 16), (nine.Length, sixteen.Length));
             Assert.Equal(3.0, sixteen[5]);
 
             // The native setter reads a whole matrix from what it is given.
-            Assert.Throws<ArgumentException>(() => scale.element = nine);
-            Assert.Throws<ArgumentException>(() => rotation.element = sixteen);
-            Assert.Throws<ArgumentNullException>(() => rotation.element = null);
-            Assert.Equal(3.0, scale.element[5]);
+            Assert.Throws<ArgumentException>(() => scale.Elements = nine);
+            Assert.Throws<ArgumentException>(() => rotation.Elements = sixteen);
+            Assert.Throws<ArgumentNullException>(() => rotation.Elements = null);
+            Assert.Equal(3.0, scale[1, 1]);
 
             sixteen[0] = 5;
-            Assert.Equal(2.0, scale.element[0]);  // a copy: the matrix changes only when assigned
-            scale.element = sixteen;
-            Assert.Equal(5.0, scale.element[0]);
+            Assert.Equal(2.0, scale[0, 0]);  // a copy: the matrix changes only when assigned
+            scale.Elements = sixteen;
+            Assert.Equal(5.0, scale[0, 0]);
         }
 
         [Fact]
@@ -166,8 +180,8 @@ namespace Velarion.Tests
             var first = infos[0];
             var listed = infos.ToList();
             infos.Clear();  // frees the stored descriptions
-            Assert.Equal("VLA16-2A1F0031", first.getDeviceIdentifier());
-            Assert.Equal("VLC10-5B330107", listed[1].getDeviceIdentifier());
+            Assert.Equal("VLA16-2A1F0031", first.DeviceIdentifier);
+            Assert.Equal("VLC10-5B330107", listed[1].DeviceIdentifier);
 
             using var points = new ControlPointCollection();
             Assert.Null(points.data());

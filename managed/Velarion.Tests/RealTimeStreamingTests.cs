@@ -116,7 +116,7 @@ namespace Velarion.Tests
                 Assert.False(statistics.Emitting);
                 Assert.Equal((ulong)callback.Calls, statistics.Intervals);
                 Assert.Equal(0, callback.Gaps);
-                Assert.Equal(callback.LastTime, emitter.LastSampleTime.nanoseconds());
+                Assert.Equal(callback.LastTime, emitter.LastSampleTime.Nanoseconds);
 
                 // Every emitted sample lies on the circle, where it was at that sample's time.
                 var samples = EmulatedEmission.Samples(emitter);

@@ -179,10 +179,10 @@ namespace Velarion.Tests
             Assert.Throws<ArgumentNullException>(() => new ControlPointBase(null, 1f));
 
             using var duration = new HostDuration(1_500_000_000);
-            Assert.Equal((1L, 1u << 31), (duration.seconds, duration.fraction));
-            using var product = velarion.operator_multiply(3, duration);
-            Assert.Equal(4_500_000_000, product.nanoseconds());
-            Assert.Throws<ArgumentNullException>(() => velarion.operator_multiply(3, (HostDuration)null));
+            Assert.Equal((1L, 1u << 31), (duration.Seconds, duration.Fraction));
+            using var product = 3u * duration;
+            Assert.Equal(4_500_000_000, product.Nanoseconds);
+            Assert.Throws<ArgumentNullException>(() => 3u * (HostDuration)null);
         }
     }
 }

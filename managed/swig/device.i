@@ -29,9 +29,22 @@
 #define VL_SDK_VERSION_PATCH 4
 #define VL_SDK_VERSION_INT 132612
 
+// The generated members of the description classes are internal; their public
+// surface is in managed/VelarionSharp/Devices.
+%include "docs.i"
+
+%define VELARION_ENUM_DOC(value, text)
+%csattributes value "/// <summary>" text "</summary>";
+%enddef
+
 namespace Velarion {
 
-%typemap(csclassmodifiers) DeviceFeatures "[global::System.Flags]\npublic enum"
+%typemap(csclassmodifiers) DeviceFeatures
+    "/// <summary>Optional capabilities of a device, combined as bits (<see cref=\"DeviceInfo.SupportedFeatures\"/>).</summary>\n[global::System.Flags]\npublic enum"
+VELARION_ENUM_DOC(DeviceFeatures::None, "No optional capability.")
+VELARION_ENUM_DOC(DeviceFeatures::AmplitudeModulation, "Amplitude-modulated control points (the amplitude modulation emitter).")
+VELARION_ENUM_DOC(DeviceFeatures::TimePointStreaming, "Time-point streaming (the time-point streaming emitter).")
+VELARION_ENUM_DOC(DeviceFeatures::MultiDeviceSynchronization, "Several devices of this model driven by one emitter in lockstep.")
 enum class DeviceFeatures {
   None = 0,
   AmplitudeModulation = 1,
@@ -39,10 +52,49 @@ enum class DeviceFeatures {
   MultiDeviceSynchronization = 4
 };
 
+%typemap(csclassmodifiers) DeviceSelectionMode
+    "/// <summary>How an emitter picks the devices it drives.</summary>\npublic enum"
+VELARION_ENUM_DOC(DeviceSelectionMode::SingleDevice, "One device: the one named at construction, or the first free one.")
+VELARION_ENUM_DOC(DeviceSelectionMode::MultipleDevices, "Every device added to the emitter, each placed by its own transform.")
 enum class DeviceSelectionMode {
   SingleDevice = 0,
   MultipleDevices = 1
 };
+
+%typemap(csclassmodifiers) Transducer, TransducerContainer, Alignment, DeviceInfo, VersionInfo "public partial class"
+
+}  // namespace Velarion
+
+// Outside the namespace: a global feature inside it would only match names
+// prefixed with it.
+VELARION_INTERNAL_BEGIN
+
+namespace Velarion {
+
+%csmethodmodifiers ~Transducer "protected virtual";
+%csmethodmodifiers ~TransducerContainer "protected virtual";
+%csmethodmodifiers ~Alignment "protected virtual";
+%csmethodmodifiers ~DeviceInfo "protected virtual";
+%csmethodmodifiers ~VersionInfo "protected virtual";
+
+VELARION_DOC(Transducer::Transducer(), "An element at the origin, facing nowhere, disabled (every field 0).")
+VELARION_DOC(Transducer::Transducer(float, float, float, float, float, float, float), "An element at (<paramref name=\"x_position\"/>, <paramref name=\"y_position\"/>, <paramref name=\"z_position\"/>) metres in the device frame, facing (<paramref name=\"x_upvector\"/>, <paramref name=\"y_upvector\"/>, <paramref name=\"z_upvector\"/>), with this output multiplier (0 disables it).")
+VELARION_DOC(TransducerContainer::TransducerContainer(), "An empty layout.")
+VELARION_DOC(TransducerContainer::TransducerContainer(const TransducerContainer&), "A layout of copies of the elements of <paramref name=\"other\"/>.")
+VELARION_DOC(Alignment::Alignment(), "The identity: device and tracking frames coincide.")
+VELARION_DOC(Alignment::Alignment(float, float, float, float, float, float, float, float, float, float, float, float), "Device to tracking: p_tracking = R · p_device + t, with R given row by row (<paramref name=\"r00\"/> to <paramref name=\"r22\"/>) and t in metres (<paramref name=\"tx\"/>, <paramref name=\"ty\"/>, <paramref name=\"tz\"/>).")
+VELARION_DOC(Alignment::Alignment(const char*), "The alignment read from the file at <paramref name=\"path\"/>; what a missing or malformed file gives is the device library's (the emulator: the identity).")
+VELARION_DOC(Alignment::Alignment(const Alignment&), "A copy of <paramref name=\"other\"/>.")
+VELARION_DOC(DeviceInfo::DeviceInfo(const DeviceInfo&), "A copy of the description <paramref name=\"other\"/>, owned by the caller.")
+VELARION_DOC(VersionInfo::VersionInfo(), "The version of the device library loaded in this process.")
+VELARION_DOC(VersionInfo::VersionString, "The loaded device library's short version, for instance \"2.6.4-ST\".")
+VELARION_DOC(VersionInfo::LongVersionString, "The loaded device library's long version (short version, hyphen, platform).")
+VELARION_DOC(VersionInfo::BuildDate, "The loaded device library's build date.")
+VELARION_DOC(VersionInfo::PlatformName, "The platform the loaded device library was built for.")
+VELARION_DOC(VersionInfo::VariantName, "The loaded device library's variant.")
+VELARION_DOC(VersionInfo::MajorVersion, "The loaded device library's major version.")
+VELARION_DOC(VersionInfo::MinorVersion, "The loaded device library's minor version.")
+VELARION_DOC(VersionInfo::PatchVersion, "The loaded device library's patch version.")
 
 // An element lent out by a container is disposed with the container and by
 // any change that may move its storage (the proxy would reach freed memory).
@@ -105,16 +157,9 @@ struct Transducer {
   }
 
 %typemap(cscode) TransducerContainer %{
-  /// <summary>A container of copies of <paramref name="elements"/>.</summary>
-  public TransducerContainer(Transducer[] elements) : this(Create(Copy(elements)), true) {
-  }
-
-  /// <summary>
-  /// Inserts copies of <paramref name="elements"/> before
-  /// <paramref name="position"/> (size() appends). False, and nothing
-  /// changes, when the position lies past the end.
-  /// </summary>
-  public unsafe bool insert(uint position, Transducer[] elements) {
+  // Inserts copies of the elements before the position (size() appends).
+  // False, and nothing changes, when the position lies past the end.
+  internal unsafe bool insert(uint position, Transducer[] elements) {
     Element[] copies = Copy(elements);
     bool inserted;
     fixed (Element* first = copies) {
@@ -252,3 +297,5 @@ class VersionInfo {
 };
 
 }  // namespace Velarion
+
+VELARION_INTERNAL_END

@@ -1,5 +1,15 @@
 // Host time as the managed side sees it: durations it may own (made from
-// nanoseconds or by the product), and time points it only ever borrows.
+// nanoseconds or by the product), and time points it only ever borrows. The
+// public surface is in managed/VelarionSharp/Devices/HostTime*.cs.
+%include "docs.i"
+
+%typemap(csclassmodifiers) Velarion::HostDuration, Velarion::HostTimePoint "public partial class"
+
+VELARION_INTERNAL_BEGIN
+%csmethodmodifiers ~HostDuration "protected virtual";
+%csmethodmodifiers ~HostTimePoint "protected virtual";
+VELARION_DOC(Velarion::HostDuration::HostDuration(long long), "A duration of <paramref name=\"nanoseconds\"/> (negative for a span backwards).")
+
 namespace Velarion {
 
 struct HostDuration {
@@ -30,3 +40,5 @@ struct HostTimePoint {
 HostDuration operator*(unsigned int n, const HostDuration& duration);
 
 }  // namespace Velarion
+
+VELARION_INTERNAL_END

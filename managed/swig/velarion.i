@@ -4,6 +4,9 @@
 // describe are written by hand in src/.
 %module(directors="1") velarion
 
+// The module class holds only what the public classes wrap.
+%pragma(csharp) moduleclassmodifiers="internal class"
+
 %include "common.i"
 %include "geometry.i"
 %include "logging.i"

@@ -23,13 +23,13 @@ namespace Velarion.Demo
             Console.WriteLine("== Vectors ==");
             using var focus = new NVector3(0.02f, 0f, 0.2f);
             using var offset = new NVector3(0f, 0.01f, 0f);
-            using var moved = focus.operator_plus(offset);
-            using var direction = moved.normalize();
+            using var moved = focus + offset;
+            using var direction = moved.Normalize();
             Console.WriteLine($"focus {Show(focus)} + offset {Show(offset)} = {Show(moved)}");
-            Console.WriteLine($"|{Show(moved)}| = {moved.length():0.######} m, direction {Show(direction)}");
+            Console.WriteLine($"|{Show(moved)}| = {moved.Length():0.######} m, direction {Show(direction)}");
             try
             {
-                focus.dot(null);
+                focus.Dot(null);
             }
             catch (ArgumentNullException e)
             {
@@ -77,7 +77,7 @@ namespace Velarion.Demo
             Console.WriteLine();
         }
 
-        private static string Show(NVector3 v) => $"({v.x:0.####}, {v.y:0.####}, {v.z:0.####})";
+        private static string Show(NVector3 v) => $"({v.X:0.####}, {v.Y:0.####}, {v.Z:0.####})";
 
         // --- Device table ------------------------------------------------------
 
@@ -90,13 +90,13 @@ namespace Velarion.Demo
             foreach (var info in infos)
             {
                 using (info)
-                using (var layout = info.getTransducerConfiguration())
+                using (var layout = info.GetTransducerConfiguration())
                 {
-                    string identifier = info.getDeviceIdentifier();
+                    string identifier = info.DeviceIdentifier;
                     string state = library.IsDeviceConnected(identifier) ? "" : "  (disconnected)";
-                    Console.WriteLine($"{identifier,-16} {info.getModelIdentifier(),-6} {info.getSerialNumber(),-9} " +
-                                      $"{info.getFirmwareVersion(),-9} {$"{info.arrayWidth() * 1000:0} x {info.arrayDepth() * 1000:0}",-11} " +
-                                      $"{layout.size(),8}  {info.getSupportedFeatures()}{state}");
+                    Console.WriteLine($"{identifier,-16} {info.ModelIdentifier,-6} {info.SerialNumber,-9} " +
+                                      $"{info.FirmwareVersion,-9} {$"{info.ArrayWidth * 1000:0} x {info.ArrayDepth * 1000:0}",-11} " +
+                                      $"{layout.Count,8}  {info.SupportedFeatures}{state}");
                 }
             }
             Console.WriteLine();
@@ -137,7 +137,7 @@ namespace Velarion.Demo
             });
             Console.WriteLine($"emitter on {identifiers[0]}: {emitter.SampleRate} Hz (limit {emitter.SampleRateLimit} Hz), " +
                               $"{emitter.MaximumControlPointCount} of {emitter.MaximumControlPointLimit} control points, " +
-                              $"sampling interval {emitter.SamplingInterval.nanoseconds()} ns");
+                              $"sampling interval {emitter.SamplingInterval.Nanoseconds} ns");
             Console.WriteLine($"a circle of {CircleRadius * 100:0} cm radius, {CircleFrequency:0} turns a second, " +
                               $"{CircleHeight * 100:0} cm above the array");
             emitter.SetEmissionCallback(callback);
