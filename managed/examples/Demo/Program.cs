@@ -1,5 +1,8 @@
 using System;
 using System.Globalization;
+using System.Numerics;
+using Velarion.Emulation;
+using Velarion.Emulation.Plotting;
 
 namespace Velarion.Demo
 {
@@ -40,10 +43,6 @@ namespace Velarion.Demo
 
         // --- Amplitude modulation (a focal point on the first device) ---------
 
-        // The emulator's view of the field, from its control interface.
-        [System.Runtime.InteropServices.DllImport("Velarion")]
-        private static extern float VelarionEmulator_AmplitudeModulation_pressureAmplitudeAt(float x, float y, float z);
-
         private static void AmplitudeModulation()
         {
             Console.WriteLine("== Amplitude modulation ==");
@@ -68,14 +67,32 @@ namespace Velarion.Demo
             var watch = System.Diagnostics.Stopwatch.StartNew();
             while (watch.Elapsed < TimeSpan.FromSeconds(1))
             {
-                focusPeak = Math.Max(focusPeak, VelarionEmulator_AmplitudeModulation_pressureAmplitudeAt(0f, 0f, 0.2f));
-                besidePeak = Math.Max(besidePeak, VelarionEmulator_AmplitudeModulation_pressureAmplitudeAt(0.02f, 0f, 0.2f));
+                focusPeak = Math.Max(focusPeak, EmulatedAmplitudeModulation.PressureAmplitudeAt(new Vector3(0f, 0f, 0.2f)));
+                besidePeak = Math.Max(besidePeak, EmulatedAmplitudeModulation.PressureAmplitudeAt(new Vector3(0.02f, 0f, 0.2f)));
                 System.Threading.Thread.Sleep(3);
             }
-            Console.WriteLine($"rendered for 1 s; peak pressure at the point: {focusPeak:0} Pa, 2 cm beside it: {besidePeak:0} Pa");
+            Console.WriteLine($"rendered for 1 s; peak carrier amplitude at the point: {focusPeak:0} Pa, 2 cm beside it: {besidePeak:0} Pa");
+
+            // Maps of the field with the point at the top of its envelope.
+            var clock = System.Diagnostics.Stopwatch.StartNew();
+            // 201 points over 200 mm: one every millimetre.
+            PressureMap side = EmulatedField.Map(emitter, FieldPlane.Vertical(new Vector3(0f, 0f, 0.2f), 0.2f, 0f, 0.3f), 201, 301);
+            var sideTime = clock.Elapsed;
+            PressureMap top = EmulatedField.Map(emitter, FieldPlane.Horizontal(0.2f, 0.2f, 0.2f), 201, 201);
+            Console.WriteLine($"field maps ({side.Columns} x {side.Rows} points, {sideTime.TotalMilliseconds:0} ms): " +
+                              $"peak {side.Peak:0} Pa RMS ({PressureMap.SoundPressureLevel(side.Peak):0} dB SPL) " +
+                              $"at {Show(side.PeakPosition)} m");
+            foreach (var (map, name) in new[] { (side, "field-vertical.png"), (top, "field-horizontal.png") })
+            {
+                string file = System.IO.Path.GetFullPath(name);
+                FieldPlots.SavePressureMap(map, file);
+                Console.WriteLine($"  {map.Plane.Name}: {file}");
+            }
             Console.WriteLine($"stop: {emitter.Stop()}");
             Console.WriteLine();
         }
+
+        private static string Show(Vector3 v) => $"({v.X:0.####}, {v.Y:0.####}, {v.Z:0.####})";
 
         private static string Show(NVector3 v) => $"({v.X:0.####}, {v.Y:0.####}, {v.Z:0.####})";
 
@@ -154,7 +171,7 @@ namespace Velarion.Demo
             while (clock.Elapsed < duration)
             {
                 System.Threading.Thread.Sleep(100);
-                var now = Emulation.EmulatedEmission.Statistics(emitter);
+                var now = EmulatedEmission.Statistics(emitter);
                 string progress = $"  {clock.Elapsed.TotalSeconds:0.0} s: {now.Intervals} intervals, " +
                                   $"{now.TimePoints} time points, {now.MissedDeadlines} missed deadlines";
                 if (live) Console.Write($"\r{progress}   ");
@@ -168,7 +185,7 @@ namespace Velarion.Demo
             emitter.Stop();
             emitter.SetEmissionCallback(null);
 
-            var s = Emulation.EmulatedEmission.Statistics(emitter);
+            var s = EmulatedEmission.Statistics(emitter);
             Console.WriteLine($"intervals: {s.Intervals} ({(double)s.TimePoints / Math.Max(1UL, s.Intervals):0} time points each)");
             Console.WriteLine($"samples per second: {s.TimePoints / Math.Max(s.StreamedSeconds, 1e-9):0}");
             Console.WriteLine($"callback time: median {s.CallbackMedianMicroseconds:0.0} us, " +
@@ -177,47 +194,19 @@ namespace Velarion.Demo
                               (s.MissedDeadlines > 0 ? $" (the latest answer came {s.WorstLatenessMicroseconds:0} us late)" : "") +
                               $"; real-time priority: {(s.RaisedPriority ? "yes" : "no")}");
 
-            string picture = System.IO.Path.GetFullPath("streamed-circle.svg");
-            System.IO.File.WriteAllText(picture, PathPicture(Emulation.EmulatedEmission.Samples(emitter),
-                                                             emitter.ArrayWidth, emitter.ArrayDepth));
-            Console.WriteLine($"the emitted path is drawn in {picture}");
+            string picture = System.IO.Path.GetFullPath("streamed-circle.png");
+            FieldPlots.SaveEmittedPath(EmulatedField.Path(emitter), picture, maximumSamples: 800);
+            Console.WriteLine($"the emitted path (its last 800 samples, two turns): {picture}");
             for (uint level = 1; level <= 3; ++level) logging.SetCallback((DeviceLogLevel)level, null);
             Console.WriteLine();
         }
 
-        private static System.Numerics.Vector3 CirclePosition(long nanoseconds)
+        private static Vector3 CirclePosition(long nanoseconds)
         {
             const long period = 10_000_000;  // one turn at 100 Hz, ns
             double angle = 2.0 * Math.PI * CircleFrequency * ((nanoseconds % period) / 1e9);
-            return new System.Numerics.Vector3((float)(CircleRadius * Math.Cos(angle)),
+            return new Vector3((float)(CircleRadius * Math.Cos(angle)),
                                                (float)(CircleRadius * Math.Sin(angle)), CircleHeight);
-        }
-
-        // A top view in millimetres: the array's outline and the last 20 ms
-        // of emitted positions (two turns), one dot per 20th sample.
-        private static string PathPicture(Emulation.EmittedSample[] samples, float arrayWidth, float arrayDepth)
-        {
-            var svg = new System.Text.StringBuilder();
-            double w = arrayWidth * 1000, d = arrayDepth * 1000;
-            svg.AppendLine($"<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"{-w / 2 - 10} {-d / 2 - 16} {w + 20} {d + 26}\" width=\"600\">");
-            svg.AppendLine($"  <rect x=\"{-w / 2}\" y=\"{-d / 2}\" width=\"{w}\" height=\"{d}\" fill=\"#f4f4f4\" stroke=\"#888\" stroke-width=\"0.5\"/>");
-            svg.AppendLine($"  <text x=\"{-w / 2}\" y=\"{-d / 2 - 5}\" font-size=\"6\" font-family=\"sans-serif\">" +
-                           $"emitted path, top view (mm), {samples.Length} samples recorded</text>");
-            int first = Math.Max(0, samples.Length - 800);
-            var points = new System.Text.StringBuilder();
-            for (int i = first; i < samples.Length; ++i)
-            {
-                if (!samples[i].Enabled) continue;
-                // y grows downwards in SVG; the array's y grows upwards.
-                points.Append($"{samples[i].Position.X * 1000:0.###},{-samples[i].Position.Y * 1000:0.###} ");
-            }
-            svg.AppendLine($"  <polyline points=\"{points.ToString().TrimEnd()}\" fill=\"none\" stroke=\"#c03\" stroke-width=\"0.4\"/>");
-            for (int i = first; i < samples.Length; i += 20)
-            {
-                svg.AppendLine($"  <circle cx=\"{samples[i].Position.X * 1000:0.###}\" cy=\"{-samples[i].Position.Y * 1000:0.###}\" r=\"0.6\" fill=\"#036\"/>");
-            }
-            svg.AppendLine("</svg>");
-            return svg.ToString();
         }
     }
 }

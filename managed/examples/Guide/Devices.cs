@@ -1,0 +1,21 @@
+using System;
+
+namespace Velarion.Guide
+{
+    public static class Devices
+    {
+        public static void List()
+        {
+            #region guide: list-devices
+            using var library = new VelarionLibrary();
+            foreach (string identifier in library.DeviceIdentifiers)
+            {
+                using DeviceInfo info = library.GetDeviceInfo(identifier);
+                Console.WriteLine($"{identifier}: {info.ModelDescription}, " +
+                                  $"{info.ArrayWidth * 1000:0} x {info.ArrayDepth * 1000:0} mm, " +
+                                  $"connected: {library.IsDeviceConnected(identifier)}");
+            }
+            #endregion
+        }
+    }
+}

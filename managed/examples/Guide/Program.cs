@@ -1,0 +1,30 @@
+using System;
+using System.Globalization;
+using System.IO;
+
+namespace Velarion.Guide
+{
+    // Runs the user guide's steps in its order, on the emulated device library.
+    public static class Program
+    {
+        public static int Main(string[] args)
+        {
+            CultureInfo.CurrentCulture = CultureInfo.InvariantCulture;
+            string samples = args.Length > 0 ? args[0] : Path.Combine("samples", "hardware");
+            Run(samples, Directory.GetCurrentDirectory());
+            return 0;
+        }
+
+        /// <summary>Every step; pictures go to <paramref name="pictures"/>.</summary>
+        public static void Run(string sampleConfigurations, string pictures)
+        {
+            Devices.List();
+            FocalPoint.Play();
+            Circle.Stream();
+            Logs.ToDelegate();
+            Logs.ToILogger();
+            Configuration.Load(sampleConfigurations);
+            Field.Draw(pictures);
+        }
+    }
+}
