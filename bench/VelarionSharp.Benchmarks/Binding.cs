@@ -13,13 +13,13 @@ namespace Velarion.Benchmarks
 
         public void AddAndDispose()
         {
-            using (a.operator_plus(b))
+            using (a + b)
             {
             }
         }
 
         // Left to the finalizer, as code that never disposes results does.
-        public object AddAndDrop() => a.operator_plus(b);
+        public object AddAndDrop() => a + b;
 
         public void Dispose()
         {
@@ -44,7 +44,7 @@ namespace Velarion.Benchmarks
         private readonly SteppedStreaming streaming = new SteppedStreaming();
         private readonly EditingCallback callback = new EditingCallback();
 
-        public BoundStreaming() => streaming.Emitter.setManagedEmissionCallback(callback);
+        public BoundStreaming() => streaming.Emitter.SetEmissionCallback(callback);
 
         public void Step(long firstTime, long spacing, uint timePoints, uint controlPoints) =>
             streaming.Step(firstTime, spacing, timePoints, controlPoints);
@@ -54,7 +54,7 @@ namespace Velarion.Benchmarks
 
         public void Dispose()
         {
-            streaming.Emitter.setManagedEmissionCallback(null);
+            streaming.Emitter.SetEmissionCallback(null);
             streaming.Dispose();
             callback.Dispose();
         }

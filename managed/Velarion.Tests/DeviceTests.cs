@@ -29,7 +29,7 @@ namespace Velarion.Tests
         public void OpensTheLibraryAndDescribesEachDevice()
         {
             using var library = new VelarionLibrary();
-            Assert.Equal(2u, library.getDeviceCount());
+            Assert.Equal(2, library.DeviceCount);
             Assert.Equal(A16, ReadIdentifier(library, 0));
             Assert.Equal(C10, ReadIdentifier(library, 1));
             Assert.Null(ReadIdentifier(library, 2));
@@ -61,10 +61,10 @@ namespace Velarion.Tests
         public void GathersIdentifiersAndDescriptionsInOneCall()
         {
             using var library = new VelarionLibrary();
-            using var identifiers = library.getManagedDeviceIdentifiers();
+            var identifiers = library.DeviceIdentifiers;
             Assert.Equal(new[] { A16, C10 }, identifiers);
 
-            using var infos = library.getManagedDeviceInfos();
+            using var infos = library.GetDeviceInfos();
             Assert.Equal(new[] { "VLA16", "VLC10" }, infos.Select(i => i.ModelIdentifier));
             Assert.Equal(A16, infos.First(i => i.HasSupportFor(DeviceFeatures.MultiDeviceSynchronization)).DeviceIdentifier);
             using var layout = infos[0].GetTransducerConfiguration();
@@ -162,12 +162,12 @@ namespace Velarion.Tests
         public void ReportsConnectionClaimAndPriorityState()
         {
             using var library = new VelarionLibrary();
-            Assert.True(library.isDeviceConnected(A16));
-            Assert.False(library.isDeviceConnected("NO-SUCH-DEVICE"));
-            Assert.False(library.isDeviceClaimed("NO-SUCH-DEVICE"));
+            Assert.True(library.IsDeviceConnected(A16));
+            Assert.False(library.IsDeviceConnected("NO-SUCH-DEVICE"));
+            Assert.False(library.IsDeviceClaimed("NO-SUCH-DEVICE"));
 
-            Assert.False(library.reloadHardwareConfigurations(Path.Combine(Path.GetTempPath(), "no-such-velarion-config")));
-            Assert.Equal(2u, library.getDeviceCount());
+            Assert.False(library.ReloadHardwareConfigurations(Path.Combine(Path.GetTempPath(), "no-such-velarion-config")));
+            Assert.Equal(2, library.DeviceCount);
         }
 
         [Fact]
@@ -175,8 +175,8 @@ namespace Velarion.Tests
         {
             var source = new VelarionLibrary();
             using var moved = new VelarionLibrary(source);
-            Assert.Equal(0u, source.getDeviceCount());
-            Assert.Equal(2u, moved.getDeviceCount());
+            Assert.Equal(0, source.DeviceCount);
+            Assert.Equal(2, moved.DeviceCount);
             source.Dispose();
 
             var e = Assert.Throws<ArgumentNullException>(() => new VelarionLibrary((VelarionLibrary)null));
@@ -217,7 +217,7 @@ namespace Velarion.Tests
         }
 
         [MethodImpl(MethodImplOptions.NoInlining)]
-        private static LoggingExternalInterface LoggingOfADroppedLibrary() => new VelarionLibrary().getLoggingInterface();
+        private static LoggingExternalInterface LoggingOfADroppedLibrary() => new VelarionLibrary().Logging;
 
         [Fact]
         public void LogLinesReachADelegateThroughAnInterfaceThatKeepsItsLibrary()
@@ -226,13 +226,13 @@ namespace Velarion.Tests
             var logging = LoggingOfADroppedLibrary();
             GC.Collect();
             GC.WaitForPendingFinalizers();
-            Assert.True(logging.redirectLoggingToNull());
-            Assert.True(logging.setLogLevel(4));
-            Assert.Equal(4, logging.getLogLevel());
+            logging.RedirectToNull();
+            logging.Level = DeviceLogLevel.Debug;
+            Assert.Equal(DeviceLogLevel.Debug, logging.Level);
 
             var lines = new ConcurrentQueue<(string Message, uint Level, string Area)>();
             using var log = new DelegateLoggingCallback((message, level, _, area) => lines.Enqueue((message, level, area)));
-            Assert.True(logging.setManagedLoggingCallback(2, log));
+            Assert.True(logging.SetCallback(DeviceLogLevel.Warning, log));
             try
             {
                 // Texts cross intact, also outside ASCII.
@@ -244,7 +244,7 @@ namespace Velarion.Tests
             }
             finally
             {
-                Assert.True(logging.setManagedLoggingCallback(2, null));
+                Assert.True(logging.SetCallback(DeviceLogLevel.Warning, null));
             }
 
             // A failing handler, and a failing report of it, stay on the managed side.
@@ -258,7 +258,7 @@ namespace Velarion.Tests
                 failures.Enqueue(e);
                 throw new InvalidOperationException("the report failed too");
             };
-            Assert.True(logging.setManagedLoggingCallback(2, throwing));
+            Assert.True(logging.SetCallback(DeviceLogLevel.Warning, throwing));
             try
             {
                 using var alignment = new Alignment();
@@ -267,7 +267,7 @@ namespace Velarion.Tests
             }
             finally
             {
-                Assert.True(logging.setManagedLoggingCallback(2, null));
+                Assert.True(logging.SetCallback(DeviceLogLevel.Warning, null));
             }
         }
 

@@ -21,9 +21,9 @@ namespace Velarion.Tests
             using var points = new ControlPointCollection();
             using (var point = new AmplitudeModulationControlPoint(focus.X, focus.Y, focus.Z, 1f, 200f))
             {
-                points.add(point);
+                points.Add(point);
             }
-            Assert.True(emitter.update(points));
+            Assert.True(emitter.Update(points));
             return emitter;
         }
 
@@ -63,7 +63,7 @@ namespace Velarion.Tests
                 // At the top of the envelope the two moments agree.
                 Assert.Equal(now.Values.ToArray(), EmulatedField.Map(emitter, plane, 13, 11).Values.ToArray());
 
-                Assert.True(emitter.stop());
+                Assert.True(emitter.Stop());
                 PressureMap silent = EmulatedField.Map(emitter, plane, 3, 2);
                 Assert.Equal(0f, silent.Peak);
                 Assert.Empty(silent.FocalPoints);
@@ -122,7 +122,7 @@ namespace Velarion.Tests
             PressureMap map = EmulatedField.Map(emitter, plane, 2, 3);
             Assert.Throws<ArgumentOutOfRangeException>(() => map[3, 0]);
             Assert.Throws<ArgumentOutOfRangeException>(() => map[0, -1]);
-            Assert.True(emitter.stop());
+            Assert.True(emitter.Stop());
         }
 
         [Fact]
@@ -136,14 +136,14 @@ namespace Velarion.Tests
                 using (var emitter = Focused(identity, new Vector3(0f, 0f, 0.2f)))
                 {
                     PressureMap map = EmulatedField.Map(emitter, FieldPlane.Vertical(new Vector3(0f, 0f, 0.2f), 0.2f, 0f, 0.3f), 40, 60);
-                    Assert.True(emitter.stop());
+                    Assert.True(emitter.Stop());
                     AssertPng(Path.Combine(folder, "map.png"), file => FieldPlots.SavePressureMap(map, file));
                 }
 
                 using var streaming = new TimePointStreamingEmitter(A16, identity);
-                Assert.True(streaming.start());
+                Assert.True(streaming.Start());
                 System.Threading.Thread.Sleep(50);
-                streaming.stop();
+                streaming.Stop();
                 EmittedPath path = EmulatedField.Path(streaming);
                 Assert.NotEmpty(path.Samples);
                 EmulatedArray array = Assert.Single(path.Devices);

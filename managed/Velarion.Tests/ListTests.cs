@@ -55,7 +55,7 @@ namespace Velarion.Tests
             Assert.Throws<OutOfMemoryException>(() => strings.Capacity = int.MaxValue);
 
             using var library = new VelarionLibrary();
-            using var infos = library.getManagedDeviceInfos();
+            using var infos = library.GetDeviceInfos();
             using var info = infos[0];
             Assert.Throws<OutOfMemoryException>(() => DeviceInfoList.Repeat(info, int.MaxValue));
             // Descriptions are one pointer each: int.MaxValue of them may fit a large machine.

@@ -176,7 +176,7 @@ namespace Velarion.Tests
         public void ListElementsAndLentPointsOutliveChangesSafely()
         {
             using var library = new VelarionLibrary();
-            using var infos = library.getManagedDeviceInfos();
+            using var infos = library.GetDeviceInfos();
             var first = infos[0];
             var listed = infos.ToList();
             infos.Clear();  // frees the stored descriptions

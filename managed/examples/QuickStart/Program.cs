@@ -5,7 +5,7 @@ using System;
 using Velarion;
 
 using var library = new VelarionLibrary();
-using var ids = library.getManagedDeviceIdentifiers();
+var ids = library.DeviceIdentifiers;
 Console.WriteLine($"devices: {string.Join(", ", ids)}");
 if (ids.Count == 0)
 {
@@ -17,7 +17,7 @@ using var placement = new Transform();
 using var emitter = new AmplitudeModulationEmitter(ids[0], placement);
 using var points = new ControlPointCollection();
 using var point = new AmplitudeModulationControlPoint(0f, 0f, 0.2f, 1f);
-points.add(point);
-bool emitting = emitter.update(points);
+points.Add(point);  // the collection keeps a copy
+bool emitting = emitter.Update(points);
 Console.WriteLine($"a focal point 20 cm above {ids[0]}: {(emitting ? "emitting" : "refused")}");
 return emitting ? 0 : 1;
