@@ -19,8 +19,16 @@ VELARION_INTERNAL_MEMBERS
 // `callback` override would throw a native exception on the emission thread
 // and end the process. Only EmissionCallback derives from it, which keeps
 // exceptions of the application's overrides out of that thread as well.
+// The generated members look for overrides by reflection on GetType(): the
+// annotation keeps what they look for when trimmed (NativeAOT).
 %typemap(csclassmodifiers) EmissionCallbackWrapper
-    "/// <summary>The native side of an emission callback; derive from <see cref=\"EmissionCallback\"/>.</summary>\npublic abstract class"
+    "/// <summary>The native side of an emission callback; derive from <see cref=\"EmissionCallback\"/>.</summary>\n"
+    "#if NET5_0_OR_GREATER\n"
+    "[global::System.Diagnostics.CodeAnalysis.DynamicallyAccessedMembers("
+    "global::System.Diagnostics.CodeAnalysis.DynamicallyAccessedMemberTypes.PublicMethods | "
+    "global::System.Diagnostics.CodeAnalysis.DynamicallyAccessedMemberTypes.NonPublicMethods)]\n"
+    "#endif\n"
+    "public abstract class"
 %feature("csdirectordelegatemodifiers") EmissionCallbackWrapper::setSuspended "internal";
 %feature("csdirectordelegatemodifiers") EmissionCallbackWrapper::isSuspended "internal";
 %feature("csdirectordelegatemodifiers") EmissionCallbackWrapper::callback "internal";
