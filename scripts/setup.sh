@@ -19,6 +19,8 @@ command -v x86_64-w64-mingw32-g++-posix >/dev/null 2>&1 || missing+=(g++-mingw-w
 [ -f /usr/src/googletest/CMakeLists.txt ] || missing+=(googletest)
 [ -x /usr/lib/wine/wine64 ] || command -v wine64 >/dev/null 2>&1 || missing+=(wine64)
 command -v unzip >/dev/null 2>&1 || missing+=(unzip)
+# A font for the text of the plots (SkiaSharp draws with the system's fonts).
+[ -f /usr/share/fonts/truetype/dejavu/DejaVuSans.ttf ] || missing+=(fonts-dejavu-core)
 
 if [ ${#missing[@]} -gt 0 ]; then
   if [ "$(id -u)" -eq 0 ]; then

@@ -10,6 +10,8 @@ namespace Velarion.Tests
     [Collection("Emulated devices")]
     public class AmplitudeModulationTests
     {
+        public AmplitudeModulationTests() => EmulatedDevices.WaitUntilFree();
+
         private const string A16 = "VLA16-2A1F0031";
 
         // The emulator's control interface in the device library.

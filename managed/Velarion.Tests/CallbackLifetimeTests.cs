@@ -14,6 +14,8 @@ namespace Velarion.Tests
     [Collection("Emulated devices")]
     public class CallbackLifetimeTests
     {
+        public CallbackLifetimeTests() => EmulatedDevices.WaitUntilFree();
+
         private const string A16 = "VLA16-2A1F0031";
 
         private sealed class Counting : EmissionCallback

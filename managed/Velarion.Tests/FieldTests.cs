@@ -13,6 +13,8 @@ namespace Velarion.Tests
     [Collection("Emulated devices")]
     public class FieldTests
     {
+        public FieldTests() => EmulatedDevices.WaitUntilFree();
+
         private const string A16 = "VLA16-2A1F0031";
 
         private static AmplitudeModulationEmitter Focused(Transform placement, Vector3 focus)
@@ -163,7 +165,9 @@ namespace Velarion.Tests
         {
             save(file);
             byte[] bytes = File.ReadAllBytes(file);
-            Assert.True(bytes.Length > 10_000, $"{file}: {bytes.Length} bytes");
+            // A blank picture of this size compresses to about 3 KB; under Wine,
+            // with few fonts, a plot's text may be missing but its lines are not.
+            Assert.True(bytes.Length > 5_000, $"{file}: {bytes.Length} bytes");
             Assert.Equal(new byte[] { 0x89, (byte)'P', (byte)'N', (byte)'G' }, bytes[..4]);
         }
     }

@@ -22,7 +22,11 @@ namespace Velarion.Tests
 
         private readonly ITestOutputHelper output;
 
-        public RealTimeStreamingTests(ITestOutputHelper output) => this.output = output;
+        public RealTimeStreamingTests(ITestOutputHelper output)
+        {
+            this.output = output;
+            EmulatedDevices.WaitUntilFree();
+        }
 
         // Where the circle is at a steady-clock time.
         private static Vector3 CircleAt(long nanoseconds)

@@ -198,22 +198,33 @@ TEST_F(Configuration, ImpossibleArraysAndHiddenCharactersAreRefused) {
 // Only small regular files are read: anything else is refused at once.
 TEST_F(Configuration, OnlySmallRegularFilesAreRead) {
   LogCapture log(library.getLoggingInterface());
+  // Special files that would block or never end; Windows has neither kind.
+  std::vector<std::string> special;
+#ifndef _WIN32
   const std::string fifo = folder.file("pipe");
   ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+  special = {fifo, "/dev/zero"};
+#endif
   const std::string large = folder.write("large", std::string(70000, '#'));
   const std::string huge = folder.write("huge.vlcfg", std::string((1 << 20) + 1, '#'));
 
   emulatortest::finishesWithin(std::chrono::seconds(10), "reading a FIFO or a device", [&] {
     Velarion::Alignment alignment(0, 1, 0, 1, 0, 0, 0, 0, 1, 0.1f, 0, 0);
-    for (const std::string& path : {fifo, std::string("/dev/zero"), large}) {
+    std::vector<std::string> alignments = special;
+    alignments.push_back(large);
+    for (const std::string& path : alignments) {
       EXPECT_FALSE(alignment.loadAlignment(path.c_str())) << path;
       EXPECT_TRUE(log.saw(2, "refused alignment file \"" + path + "\": ")) << path;
     }
+#ifndef _WIN32
     EXPECT_TRUE(log.saw(2, "\"/dev/zero\": not a regular file"));
+#endif
     EXPECT_TRUE(log.saw(2, "\": larger than 65536 bytes"));
     EXPECT_FLOAT_EQ(alignment.fromDevicePositionToTrackingPosition({1, 0, 0}).y, 1.0f) << "alignment changed";
 
-    for (const std::string& path : {fifo, std::string("/dev/zero"), huge}) {
+    std::vector<std::string> configurations = special;
+    configurations.push_back(huge);
+    for (const std::string& path : configurations) {
       EXPECT_FALSE(library.reloadHardwareConfigurations(path.c_str())) << path;
       EXPECT_TRUE(log.saw(1, "cannot read \"" + path + "\": ")) << path;
     }

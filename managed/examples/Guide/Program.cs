@@ -18,6 +18,7 @@ namespace Velarion.Guide
         /// <summary>Every step; pictures go to <paramref name="pictures"/>.</summary>
         public static void Run(string sampleConfigurations, string pictures)
         {
+            Geometry.WithNumerics();
             Devices.List();
             FocalPoint.Play();
             Circle.Stream();
