@@ -100,5 +100,13 @@ check() {
 check VelarionSharp runtimes/linux-x64/native/libVelarionCSharp.so runtimes/win-x64/native/VelarionCSharp.dll
 check VelarionSharp.Emulator runtimes/linux-x64/native/libVelarion.so runtimes/win-x64/native/Velarion.dll
 
+# The emulator package brings the sample hardware configurations as content
+# files, which land in a consuming app's output folder under samples/hardware/.
+samples=$(cd samples/hardware && ls -1 ./*.vlcfg | sed 's|^\./|contentFiles/any/any/samples/hardware/|' | LC_ALL=C sort)
+packed_samples=$(unzip -Z1 "$feed/VelarionSharp.Emulator.$version.nupkg" | grep '^contentFiles/' | LC_ALL=C sort || true)
+if [ "$packed_samples" != "$samples" ]; then
+  echo "pack: VelarionSharp.Emulator has content files: $packed_samples (expected: $samples)" >&2; exit 1
+fi
+
 echo "pack: $packed packages in $feed:"
 ls -1 "$feed"

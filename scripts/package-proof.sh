@@ -2,7 +2,8 @@
 # Uses the packages as an application developer would: a new console app,
 # outside the repository, adds both packages from the local feed and runs the
 # quick start (managed/examples/QuickStart/Program.cs) on Linux and, published
-# self-contained for win-x64, under Wine.
+# self-contained for win-x64, under Wine; the sample hardware configurations
+# must land in the app's output folder.
 #
 # Needs the feed (scripts/pack.sh) and, for Wine, the windows build's prefix
 # wrapper (build/windows/wine-run.sh).
@@ -52,10 +53,14 @@ cp "$root/managed/examples/QuickStart/Program.cs" Program.cs
 echo "--- linux-x64"
 quiet dotnet build -c Release --nologo
 dotnet run -c Release --no-build
+# The emulator package's sample hardware configurations, beside the app.
+samples=$(cd bin/Release/net*/ && ls samples/hardware/*.vlcfg) || { echo "package proof: no samples/hardware/*.vlcfg in the app's output" >&2; exit 1; }
+echo "$samples"
 
 echo "--- win-x64 under Wine, self-contained"
 quiet dotnet publish -c Release -r win-x64 --self-contained --nologo -o "$work/win-x64"
 ls "$work/win-x64" | grep -E '^(VelarionSharp.*|VelarionCSharp|Velarion)\.dll$'
+ls "$work/win-x64"/samples/hardware/*.vlcfg >/dev/null || { echo "package proof: no samples in the published app" >&2; exit 1; }
 "$wine_run" --session "$work/win-x64/QuickStart.exe"
 
 # An app built without a runtime identifier (as an IDE runs it) keeps the

@@ -19,11 +19,13 @@ namespace Velarion.Emulation
             Present = d.Present != 0;
         }
 
+        /// <summary>The device's identifier, as its <c>DeviceInfo</c> gives it.</summary>
         public string Identifier { get; }
 
         /// <summary>The four corners of the array's face, in order around it.</summary>
         public IReadOnlyList<Vector3> Outline { get; }
 
+        /// <summary>The centre of the array's face, metres.</summary>
         public Vector3 Centre { get; }
 
         /// <summary>The way the array faces (unit vector).</summary>
@@ -38,6 +40,7 @@ namespace Velarion.Emulation
         /// <summary>False once the device was disconnected or removed under its emitter.</summary>
         public bool Present { get; }
 
+        /// <summary>The <see cref="Identifier"/>.</summary>
         public override string ToString() => Identifier;
     }
 
@@ -72,6 +75,7 @@ namespace Velarion.Emulation
         /// <summary>Emitter space, metres.</summary>
         public Vector3 Position { get; }
 
+        /// <summary>The intensity of the last update (1: full strength).</summary>
         public float Intensity { get; }
 
         /// <summary>Modulation frequency, hertz.</summary>
@@ -105,12 +109,16 @@ namespace Velarion.Emulation
 
         private int PeakIndex { get; }
 
+        /// <summary>The plane the map covers.</summary>
         public FieldPlane Plane { get; }
 
+        /// <summary>The frame the map shows.</summary>
         public FieldMoment Moment { get; }
 
+        /// <summary>Grid points along the plane's horizontal axis.</summary>
         public int Columns { get; }
 
+        /// <summary>Grid points along the plane's vertical axis.</summary>
         public int Rows { get; }
 
         /// <summary>
@@ -143,6 +151,7 @@ namespace Velarion.Emulation
         /// <summary>Distance between neighbouring columns, metres (0 for a single column).</summary>
         public float ColumnSpacing => Columns > 1 ? (Plane.Right - Plane.Left) / (Columns - 1) : 0f;
 
+        /// <summary>Distance between neighbouring rows, metres (0 for a single row).</summary>
         public float RowSpacing => Rows > 1 ? (Plane.Top - Plane.Bottom) / (Rows - 1) : 0f;
 
         /// <summary>The grid point in emitter space.</summary>
@@ -183,8 +192,10 @@ namespace Velarion.Emulation
             Devices = devices;
         }
 
+        /// <summary>The recorded samples, oldest first.</summary>
         public IReadOnlyList<EmittedSample> Samples { get; }
 
+        /// <summary>The arrays of the emitter when the path was read, emitter space.</summary>
         public IReadOnlyList<EmulatedArray> Devices { get; }
 
         /// <summary>From the first recorded sample to the last.</summary>

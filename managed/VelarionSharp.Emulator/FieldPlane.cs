@@ -110,13 +110,19 @@ namespace Velarion.Emulation
         /// <summary>"x", "y", "z", or a description of the direction.</summary>
         public string HorizontalAxisName { get; }
 
+        /// <summary>"z" for a vertical slice, "y" for a horizontal plane.</summary>
         public string VerticalAxisName { get; }
 
-        /// <summary>The rectangle's extent in plane coordinates, metres.</summary>
+        /// <summary>The rectangle's low horizontal coordinate, metres.</summary>
         public float Left { get; }
 
+        /// <summary>The rectangle's high horizontal coordinate, metres.</summary>
         public float Right { get; }
+
+        /// <summary>The rectangle's low vertical coordinate, metres.</summary>
         public float Bottom { get; }
+
+        /// <summary>The rectangle's high vertical coordinate, metres.</summary>
         public float Top { get; }
 
         /// <summary>The point of the plane at the given coordinates, emitter space.</summary>
@@ -135,6 +141,7 @@ namespace Velarion.Emulation
                                Vector3.Dot(d, Vector3.Cross(HorizontalAxis, VerticalAxis)));
         }
 
+        /// <summary>The <see cref="Name"/>.</summary>
         public override string ToString() => Name;
 
         internal static string Millimetres(float metres)

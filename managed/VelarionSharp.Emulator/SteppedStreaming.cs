@@ -5,19 +5,27 @@ using System.Runtime.InteropServices;
 namespace Velarion.Emulation
 {
     /// <summary>
-    /// A control point as the emulator holds it after an interval.
+    /// A control point as the emulator holds it after an interval: a copy, in
+    /// the emitter's space.
     /// </summary>
     [StructLayout(LayoutKind.Sequential)]
     public readonly struct EmulatedControlPoint
     {
+        /// <summary>The position, metres.</summary>
         public readonly Vector3 Position;
+        /// <summary>The direction the point faces (unit vector).</summary>
         public readonly Vector3 Direction;
+        /// <summary>The intensity, from -1 to 1 (1: full strength).</summary>
         public readonly float Intensity;
+        /// <summary>The phase angle in radians; -1 marks a phase the device library chooses.</summary>
         public readonly float PhaseAngle;
+        /// <summary>The identifier that follows the point from one time point to the next.</summary>
         public readonly uint Id;
+        /// <summary>The application's own 32 bits, kept with the control point.</summary>
         public readonly uint CarriedValue;
         private readonly uint enabled;
 
+        /// <summary>Whether the point is emitted; false: silent.</summary>
         public bool Enabled => enabled != 0;
     }
 
@@ -31,6 +39,10 @@ namespace Velarion.Emulation
     {
         private IntPtr emitter;
 
+        /// <summary>
+        /// A new device-less emitter, with no callback installed; it emits only
+        /// when stepped. Dispose it to free the native emitter.
+        /// </summary>
         public SteppedStreaming()
         {
             emitter = Native.VelarionEmulator_Streaming_newEmitter();
@@ -46,7 +58,12 @@ namespace Velarion.Emulation
         /// <paramref name="firstTimeNanoseconds"/>, each with
         /// <paramref name="maximumControlPointCount"/> control points.
         /// </summary>
+        /// <remarks>
+        /// The callback runs on the calling thread before this returns. Times are
+        /// nanoseconds of the steady clock; without a callback the interval passes unanswered.
+        /// </remarks>
         /// <exception cref="InvalidOperationException">the native emission callback failed</exception>
+        /// <exception cref="ObjectDisposedException">this object was disposed</exception>
         public void Step(long firstTimeNanoseconds, long spacingNanoseconds, uint timePointCount,
                          uint maximumControlPointCount)
         {
@@ -57,7 +74,11 @@ namespace Velarion.Emulation
             }
         }
 
-        /// <summary>Control point <paramref name="index"/> of time point <paramref name="timePoint"/> of the last interval.</summary>
+        /// <summary>
+        /// Control point <paramref name="index"/> of time point <paramref name="timePoint"/>
+        /// of the last interval, as the callback left it.
+        /// </summary>
+        /// <exception cref="ArgumentOutOfRangeException">outside the interval last delivered</exception>
         public EmulatedControlPoint Delivered(uint timePoint, uint index)
         {
             if (Native.VelarionEmulator_Streaming_delivered(Handle, timePoint, index, out var point) != 0)
@@ -74,6 +95,7 @@ namespace Velarion.Emulation
             return point;
         }
 
+        /// <summary>Deletes the native emitter; <see cref="Emitter"/> is unusable afterwards. Calling it again does nothing.</summary>
         public void Dispose()
         {
             if (emitter != IntPtr.Zero)

@@ -102,6 +102,65 @@ template <class T> class vector {
   bool Remove(const std::string& value);
 }
 
+// The members both lists share, over their internal size, capacity, reserve,
+// getitemcopy and setitem; what differs stays in the partial classes.
+%define VELARION_LIST_MEMBERS(VECTOR, ELEMENT, ITEM, ITEMS)
+%typemap(cscode) VECTOR %{
+  /// <summary>A list of copies of <paramref name="values"/>, in their order.</summary>
+  /// <exception cref="System.ArgumentNullException"><paramref name="values"/> or one of them is null.</exception>
+  public $csclassname(global::System.Collections.Generic.IEnumerable<ELEMENT> values) : this() {
+    if (values == null) throw new global::System.ArgumentNullException(nameof(values));
+    foreach (ELEMENT value in values) Add(value);
+  }
+
+  /// <summary>The number of ITEMS.</summary>
+  public int Count => checked((int)size());
+
+  /// <summary>
+  /// The number of ITEMS the list holds without growing. Setting it
+  /// reserves room; it never shrinks the storage.
+  /// </summary>
+  /// <exception cref="System.ArgumentOutOfRangeException">Set below <see cref="Count"/>.</exception>
+  /// <exception cref="System.OutOfMemoryException">Set to more than this process could ever hold.</exception>
+  public int Capacity {
+    get => checked((int)capacity());
+    set {
+      if (value < Count) throw new global::System.ArgumentOutOfRangeException(nameof(value), value, "below the list's Count");
+      CheckSize(value, nameof(value));
+      reserve((uint)value);
+    }
+  }
+
+  /// <summary>
+  /// A new copy of the ITEM at <paramref name="index"/>, the caller's own;
+  /// setting stores a copy of the value.
+  /// </summary>
+  /// <exception cref="System.ArgumentOutOfRangeException">No ITEM at <paramref name="index"/>.</exception>
+  /// <exception cref="System.ArgumentNullException">Set to null.</exception>
+  public ELEMENT this[int index] {
+    get => getitemcopy(index);
+    set => setitem(index, value);
+  }
+
+  /// <summary>
+  /// Enumerates new copies of the ITEMS. Adding or removing ITEMS while
+  /// enumerating makes the next step throw <see cref="System.InvalidOperationException"/>.
+  /// </summary>
+  public global::System.Collections.Generic.IEnumerator<ELEMENT> GetEnumerator() {
+    int count = Count;
+    for (int i = 0; i < count; ++i) {
+      if (Count != count) throw new global::System.InvalidOperationException("the list changed during the enumeration");
+      yield return this[i];
+    }
+  }
+
+  global::System.Collections.IEnumerator global::System.Collections.IEnumerable.GetEnumerator() => GetEnumerator();
+%}
+%enddef
+
+VELARION_LIST_MEMBERS(std::vector<std::string>, string, element, elements)
+VELARION_LIST_MEMBERS(std::vector<Velarion::DeviceInfo>, DeviceInfo, description, descriptions)
+
 // The element by reference (getitem) points into the list's storage, which
 // the next Add, Insert, Remove or Clear may move or free: the public surface
 // reads elements as copies only (getitemcopy).

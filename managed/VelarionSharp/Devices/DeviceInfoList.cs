@@ -1,5 +1,4 @@
 using System;
-using System.Collections;
 using System.Collections.Generic;
 
 namespace Velarion
@@ -24,46 +23,6 @@ namespace Velarion
 
         internal static void CheckRepeat(DeviceInfo value, int count) => NativeSize.Check(count, CopyBytesEach, nameof(count));
 
-        /// <summary>A list of copies of <paramref name="values"/>, in their order.</summary>
-        /// <exception cref="ArgumentNullException"><paramref name="values"/> or one of them is null.</exception>
-        public DeviceInfoList(IEnumerable<DeviceInfo> values) : this()
-        {
-            if (values == null) throw new ArgumentNullException(nameof(values));
-            foreach (DeviceInfo value in values) Add(value);
-        }
-
-        /// <summary>The number of descriptions.</summary>
-        public int Count => checked((int)size());
-
-        /// <summary>
-        /// The number of descriptions the list holds without growing. Setting
-        /// it reserves room; it never shrinks the storage.
-        /// </summary>
-        /// <exception cref="ArgumentOutOfRangeException">Set below <see cref="Count"/>.</exception>
-        /// <exception cref="OutOfMemoryException">Set to more than this process could ever hold.</exception>
-        public int Capacity
-        {
-            get => checked((int)capacity());
-            set
-            {
-                if (value < Count) throw new ArgumentOutOfRangeException(nameof(value), value, "below the list's Count");
-                CheckSize(value, nameof(value));
-                reserve((uint)value);
-            }
-        }
-
-        /// <summary>
-        /// A new copy of the description at <paramref name="index"/>, owned by
-        /// the caller; setting stores a copy of the value.
-        /// </summary>
-        /// <exception cref="ArgumentOutOfRangeException">No description at <paramref name="index"/>.</exception>
-        /// <exception cref="ArgumentNullException">Set to null.</exception>
-        public DeviceInfo this[int index]
-        {
-            get => getitemcopy(index);
-            set => setitem(index, value);
-        }
-
         /// <summary>Copies of every description, as a new array; the caller owns each.</summary>
         public DeviceInfo[] ToArray()
         {
@@ -71,22 +30,5 @@ namespace Velarion
             for (int i = 0; i < array.Length; ++i) array[i] = this[i];
             return array;
         }
-
-        /// <summary>
-        /// Enumerates new copies of the descriptions, each owned by the caller.
-        /// Adding or removing descriptions while enumerating makes the next step
-        /// throw <see cref="InvalidOperationException"/>.
-        /// </summary>
-        public IEnumerator<DeviceInfo> GetEnumerator()
-        {
-            int count = Count;
-            for (int i = 0; i < count; ++i)
-            {
-                if (Count != count) throw new InvalidOperationException("the list changed during the enumeration");
-                yield return this[i];
-            }
-        }
-
-        IEnumerator IEnumerable.GetEnumerator() => GetEnumerator();
     }
 }

@@ -127,15 +127,8 @@ namespace Velarion
         /// Whether all nine elements are equal (IEEE: NaN equals nothing). Two
         /// nulls are equal; a null and a matrix are not.
         /// </summary>
-        public static bool operator ==(Matrix3x3 a, Matrix3x3 b)
-        {
-            if (a is null) return b is null;
-            if (b is null) return false;
-            double[] x = a.element, y = b.element;
-            for (int i = 0; i < x.Length; ++i)
-                if (x[i] != y[i]) return false;
-            return true;
-        }
+        public static bool operator ==(Matrix3x3 a, Matrix3x3 b) =>
+            a is null ? b is null : !(b is null) && IeeeEqual(a.element, b.element);
 
         /// <summary>The negation of <c>==</c>.</summary>
         public static bool operator !=(Matrix3x3 a, Matrix3x3 b) => !(a == b);
@@ -160,6 +153,15 @@ namespace Velarion
         private static Matrix3x3 Operand(Matrix3x3 value) =>
             value ?? throw new ArgumentNullException(nameof(value), "Attempt to dereference null Velarion::Matrix3x3");
 
+        // Element by element with ==, as the device library compares: NaN equals nothing.
+        internal static bool IeeeEqual(double[] a, double[] b)
+        {
+            for (int i = 0; i < a.Length; ++i)
+                if (a[i] != b[i]) return false;
+            return true;
+        }
+
+        // Element by element with Equals, as .NET equality wants: NaN equals NaN.
         internal static bool Same(double[] a, double[] b)
         {
             for (int i = 0; i < a.Length; ++i)

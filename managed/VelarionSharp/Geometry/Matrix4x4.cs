@@ -160,15 +160,8 @@ namespace Velarion
         /// Whether all sixteen elements are equal (IEEE: NaN equals nothing).
         /// Two nulls are equal; a null and a matrix are not.
         /// </summary>
-        public static bool operator ==(Matrix4x4 a, Matrix4x4 b)
-        {
-            if (a is null) return b is null;
-            if (b is null) return false;
-            double[] x = a.element, y = b.element;
-            for (int i = 0; i < x.Length; ++i)
-                if (x[i] != y[i]) return false;
-            return true;
-        }
+        public static bool operator ==(Matrix4x4 a, Matrix4x4 b) =>
+            a is null ? b is null : !(b is null) && Matrix3x3.IeeeEqual(a.element, b.element);
 
         /// <summary>The negation of <c>==</c>.</summary>
         public static bool operator !=(Matrix4x4 a, Matrix4x4 b) => !(a == b);
