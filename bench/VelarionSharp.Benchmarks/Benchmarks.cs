@@ -61,6 +61,49 @@ namespace Velarion.Benchmarks
         public System.Numerics.Vector3 PureManaged() => managedA + managedB;
     }
 
+    /// <summary>
+    /// A position moved by a 4 x 4 matrix: through proxies (operand and result
+    /// are native objects), through the System.Numerics overload (no proxy),
+    /// the export by hand, and pure managed.
+    /// </summary>
+    [MemoryDiagnoser]
+    public class TransformPosition
+    {
+        private BoundMatrix bound;
+        private IntPtr matrix;
+        private IntPtr position;
+        private readonly System.Numerics.Vector3 point = new(0.1f, 0.2f, 0.3f);
+        private readonly System.Numerics.Matrix4x4 managed = System.Numerics.Matrix4x4.CreateTranslation(0.01f, 0f, 0.2f);
+
+        [GlobalSetup]
+        public void SetUp()
+        {
+            bound = new BoundMatrix();
+            matrix = Floor.IdentityMatrix();
+            position = Floor.NewVector(0.1f, 0.2f, 0.3f);
+        }
+
+        [GlobalCleanup]
+        public void CleanUp()
+        {
+            bound.Dispose();
+            Floor.DeleteMatrix(matrix);
+            Floor.DeleteVector(position);
+        }
+
+        [Benchmark(Description = "binding: NVector3 in and out, result disposed")]
+        public float Proxies() => bound.ThroughProxies();
+
+        [Benchmark(Description = "binding: System.Numerics.Vector3 in and out")]
+        public System.Numerics.Vector3 Numerics() => bound.ThroughNumerics(point);
+
+        [Benchmark(Baseline = true, Description = "floor: [LibraryImport] of the export")]
+        public void LibraryImport() => Floor.DeleteVector(Floor.TransformPosition(matrix, position));
+
+        [Benchmark(Description = "floor: System.Numerics.Vector3.Transform")]
+        public System.Numerics.Vector3 PureManaged() => System.Numerics.Vector3.Transform(point, managed);
+    }
+
     /// <summary>One string element of a StringList.</summary>
     [MemoryDiagnoser]
     public class StringListElement

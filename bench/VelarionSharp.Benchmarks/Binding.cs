@@ -28,6 +28,26 @@ namespace Velarion.Benchmarks
         }
     }
 
+    internal sealed class BoundMatrix : IDisposable
+    {
+        private readonly Matrix4x4 matrix = Matrix4x4.Identity();
+        private readonly NVector3 position = new NVector3(0.1f, 0.2f, 0.3f);
+
+        public float ThroughProxies()
+        {
+            using NVector3 moved = matrix.TransformPosition(position);
+            return moved.X;
+        }
+
+        public System.Numerics.Vector3 ThroughNumerics(System.Numerics.Vector3 point) => matrix.TransformPosition(point);
+
+        public void Dispose()
+        {
+            matrix.Dispose();
+            position.Dispose();
+        }
+    }
+
     internal sealed class BoundStringList : IDisposable
     {
         private readonly StringList list = new StringList();

@@ -23,6 +23,15 @@ namespace Velarion.Benchmarks
         [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_NVector3_operator_plus__SWIG_1")]
         internal static partial IntPtr AddVectors(IntPtr a, IntPtr b);
 
+        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_Matrix4x4_identity")]
+        internal static partial IntPtr IdentityMatrix();
+
+        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_delete_Matrix4x4")]
+        internal static partial void DeleteMatrix(IntPtr matrix);
+
+        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_Matrix4x4_transformPosition")]
+        internal static partial IntPtr TransformPosition(IntPtr matrix, IntPtr position);
+
         [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_new_StringList__SWIG_0")]
         internal static partial IntPtr NewStringList();
 
