@@ -198,6 +198,33 @@ TEST_F(EmulatorCallbacks, SettingTheEmissionCallbackWaitsForTheRunningInterval) 
   EXPECT_TRUE(emitter.stop());
 }
 
+// Deterministic stepping keeps the same promise as the emission thread.
+TEST_F(EmulatorCallbacks, SettingTheEmissionCallbackWaitsForASteppedInterval) {
+  auto* emitter = static_cast<StreamingEmitter*>(VelarionEmulator_Streaming_newEmitter());
+  HeldCall held;
+  ASSERT_TRUE(emitter->setEmissionCallback(&HeldCall::onInterval, &held));
+  std::atomic<int> later{0};
+  expectReplacementWaits(
+      held, [&] { EXPECT_EQ(VelarionEmulator_Streaming_step(emitter, 0, 25000, 8, 1), 0); },
+      [&] { emitter->setEmissionCallback(&nothing, &later); });
+  ASSERT_EQ(VelarionEmulator_Streaming_step(emitter, 200000, 25000, 8, 1), 0);
+  EXPECT_EQ(later, 1);
+  EXPECT_EQ(held.calls, 1);
+
+  // A stepped callback replacing itself does not wait on itself.
+  ASSERT_TRUE(emitter->setEmissionCallback(
+      [](const StreamingEmitter& self, OutputInterval&, const Velarion::HostTimePoint&, void* next) {
+        const_cast<StreamingEmitter&>(self).setEmissionCallback(&nothing, next);
+      },
+      &later));
+  finishesWithin(seconds(10), "a stepped callback replacing itself", [&] {
+    ASSERT_EQ(VelarionEmulator_Streaming_step(emitter, 400000, 25000, 8, 1), 0);
+    ASSERT_EQ(VelarionEmulator_Streaming_step(emitter, 600000, 25000, 8, 1), 0);
+  });
+  EXPECT_EQ(later, 2);
+  VelarionEmulator_Streaming_deleteEmitter(emitter);
+}
+
 // What a binding does when a user replaces a callback: install the new one,
 // then free what the old one used. The old one must never see freed data.
 namespace {

@@ -156,8 +156,9 @@ DeviceSelectionMode Emitter::getDeviceSelectionMode() const {
 }
 
 // Takes effect at the next interval; the emission thread reads it there.
-// Returns once the thread is no longer inside the replaced callback, unless
-// called from that thread (from inside the callback itself).
+// Returns once the thread is no longer inside the replaced callback (the
+// emission thread's, or a stepped interval's), unless called from that thread
+// (from inside the callback itself).
 bool Emitter::setEmissionCallback(EmissionCallback callback, void* userData) {
   journal("setEmissionCallback");
   EmitterImplementation* e = implementation_;
@@ -166,7 +167,7 @@ bool Emitter::setEmissionCallback(EmissionCallback callback, void* userData) {
   e->callback = callback;
   e->userData = userData;
   const uint64_t version = ++e->callbackVersion;
-  if (!e->onEmissionThread()) {
+  if (!e->onEmissionThread() && e->steppingThread != std::this_thread::get_id()) {
     e->callbackReturned.wait(lock, [e, version] { return !e->inCallback || e->inCallbackVersion >= version; });
   }
   return true;

@@ -97,6 +97,9 @@ struct EmitterImplementation : VelarionEmulator::internal::EmitterDevices<HeldDe
   bool inCallback = false;
   uint64_t inCallbackVersion = 0;
   std::condition_variable callbackReturned;
+  // The thread stepping an interval by hand (deterministic stepping), while
+  // its callback runs: replacing the callback from there must not wait.
+  std::thread::id steppingThread;
 
   // The emission side: used by the emission thread while it runs, otherwise
   // by stepping. Never both at once (stepping refuses while emitting).

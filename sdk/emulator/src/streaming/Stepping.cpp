@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <exception>
 #include <stdexcept>
+#include <thread>
 
 #include "VelarionEmulator/Streaming.h"
 #include "streaming/EmitterImplementation.h"
@@ -33,7 +34,25 @@ void step(Emitter& emitter, const Interval& request) {
     pointCount = state.maximumControlPointCount;
     callback = state.callback;
     userData = state.userData;
+    // Like the emission thread: a replacement made on another thread from
+    // now on returns only once this interval's call has.
+    if (callback != nullptr) {
+      state.inCallback = true;
+      state.inCallbackVersion = state.callbackVersion;
+      state.steppingThread = std::this_thread::get_id();
+    }
   }
+  struct Returned {
+    EmitterImplementation& state;
+    bool called;
+    ~Returned() {
+      if (!called) return;
+      std::lock_guard<std::mutex> lock(state.mutex);
+      state.inCallback = false;
+      state.steppingThread = std::thread::id();
+      state.callbackReturned.notify_all();
+    }
+  } returned{state, callback != nullptr};
   state.ensurePersistent(pointCount);
 
   HostTimePoint end = request.firstTime;
