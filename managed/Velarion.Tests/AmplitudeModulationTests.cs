@@ -93,7 +93,7 @@ namespace Velarion.Tests
             using var points = new ControlPointCollection();
             Assert.Contains("Velarion::AmplitudeModulation::ControlPoint const & type is null",
                             Assert.Throws<ArgumentNullException>(() => points.Add(null)).Message);
-            Assert.Equal(0, points.Count);
+            Assert.Empty(points);
             using var emitter = new AmplitudeModulationEmitter();
             var error = Assert.Throws<ArgumentNullException>(() => emitter.Update((ControlPointCollection)null));
             Assert.Contains("ControlPointCollection const & type is null", error.Message);
@@ -107,7 +107,7 @@ namespace Velarion.Tests
             using (var stored = points[0])
             using (var position = stored.Position) Assert.Equal(0.01f, position.X);
             points.remove(7);
-            Assert.Equal(1, points.Count);
+            Assert.Single(points);
         }
     }
 

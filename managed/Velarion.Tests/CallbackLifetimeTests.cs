@@ -127,7 +127,7 @@ namespace Velarion.Tests
                 };
                 Assert.True(emitter.SetEmissionCallback(callback));
                 Assert.True(emitter.Start());
-                Assert.True(disposed.Wait(TimeSpan.FromSeconds(20)));
+                Assert.True(disposed.Wait(TimeSpan.FromSeconds(20), TestContext.Current.CancellationToken));
                 AssertDisposedEmitter(emitter);
                 callback.Dispose();
             }
@@ -141,7 +141,7 @@ namespace Velarion.Tests
             Assert.Throws<ObjectDisposedException>(() => emitter.IsConnected);
 
         [Fact]
-        public void LogCallbacksReplacedAndDisposedWhileTheLibraryLogsFromOtherThreads()
+        public async Task LogCallbacksReplacedAndDisposedWhileTheLibraryLogsFromOtherThreads()
         {
             using var library = new VelarionLibrary();
             var logging = library.Logging;
@@ -157,7 +157,7 @@ namespace Velarion.Tests
                     string missing = Path.Combine(Path.GetTempPath(), Guid.NewGuid().ToString("N"), "a");
                     using var alignment = new Alignment();
                     while (!stop.IsCancellationRequested) alignment.loadAlignment(missing);
-                });
+                }, TestContext.Current.CancellationToken);
             }
 
             DelegateLoggingCallback previous = null;
@@ -174,7 +174,7 @@ namespace Velarion.Tests
             }
             WaitFor(() => Volatile.Read(ref delivered[0]) > 0);
             stop.Cancel();
-            Assert.True(Task.WaitAll(loggers, TimeSpan.FromSeconds(20)));
+            await Task.WhenAll(loggers).WaitAsync(TimeSpan.FromSeconds(20), TestContext.Current.CancellationToken);
             Assert.True(logging.SetCallback((DeviceLogLevel)2, null));
             previous.Dispose();
         }

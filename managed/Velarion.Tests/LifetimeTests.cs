@@ -86,7 +86,7 @@ namespace Velarion.Tests
         }
 
         [Fact]
-        public void ADisposeRacingACallFreesTheObjectOnlyAfterTheCall()
+        public async Task ADisposeRacingACallFreesTheObjectOnlyAfterTheCall()
         {
             // The reader is inside a long native search when the list is disposed:
             // the search must finish on live memory, and later calls be refused.
@@ -110,12 +110,12 @@ namespace Velarion.Tests
                         }
                     }
                     return (found, refused);
-                });
-                started.SignalAndWait();
+                }, TestContext.Current.CancellationToken);
+                started.SignalAndWait(TestContext.Current.CancellationToken);
                 Thread.SpinWait(round * 1000);
                 list.Dispose();
-                Assert.True(reader.Wait(TimeSpan.FromSeconds(20)));
-                Assert.Equal(50, reader.Result.found + reader.Result.refused);
+                var (found, refused) = await reader.WaitAsync(TimeSpan.FromSeconds(20), TestContext.Current.CancellationToken);
+                Assert.Equal(50, found + refused);
             }
         }
 
