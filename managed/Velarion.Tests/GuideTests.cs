@@ -8,10 +8,11 @@ using Xunit;
 
 namespace Velarion.Tests
 {
-    // The README's C# blocks are quoted from the guide's code, which compiles
-    // with this project: a block marked <!-- guide: NAME --> must be exactly
-    // the text of `#region guide: NAME` in managed/examples/Guide, without the
-    // region's indentation. And the guide runs, top to bottom.
+    // The README's C# blocks are quoted from code that compiles: a block marked
+    // <!-- guide: NAME --> must be exactly the text of `#region guide: NAME` in
+    // managed/examples/Guide (built with this project) or QuickStart (built by
+    // the package proof), without the region's indentation. And the guide runs,
+    // top to bottom.
     [Collection("Emulated devices")]
     public class GuideTests
     {
@@ -69,6 +70,10 @@ namespace Velarion.Tests
         public void TheReadmeQuotesTheGuideExactly()
         {
             var regions = Regions(Path.Combine(Root(), "managed", "examples", "Guide"));
+            foreach (var (name, code) in Regions(Path.Combine(Root(), "managed", "examples", "QuickStart")))
+            {
+                Assert.True(regions.TryAdd(name, code), $"region {name} defined twice");
+            }
             Assert.NotEmpty(regions);
             var blocks = Blocks(File.ReadAllText(Path.Combine(Root(), "README.md")));
             foreach (var (name, code, line) in blocks)

@@ -1,6 +1,8 @@
 // The README's quick start as a program of its own. scripts/package-proof.sh
 // drops it into a new console app that takes both packages from the local
-// feed, and runs it on Linux and, published for win-x64, under Wine.
+// feed, and runs it on Linux and, published for win-x64, under Wine. The
+// README quotes the region (a test keeps the two identical).
+#region guide: quick-start
 using System;
 using Velarion;
 
@@ -21,3 +23,4 @@ points.Add(point);  // the collection keeps a copy
 bool emitting = emitter.Update(points);
 Console.WriteLine($"a focal point 20 cm above {ids[0]}: {(emitting ? "emitting" : "refused")}");
 return emitting ? 0 : 1;
+#endregion
