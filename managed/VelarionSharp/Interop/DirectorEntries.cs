@@ -46,6 +46,8 @@ namespace Velarion.Interop
     /// and frees a wrapper's native object only once no director frame of the
     /// device library can still be using it.
     /// </summary>
+    // The entries themselves, one per slot and director method, and SlotCount
+    // are generated into the build folder by managed/DirectorSlots.cmake.
     internal static partial class DirectorEntries
     {
         // Weak: an installed wrapper is held by whoever installed it, and an
