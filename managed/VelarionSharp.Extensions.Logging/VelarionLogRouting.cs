@@ -65,7 +65,8 @@ namespace Velarion.Extensions.Logging
         private readonly LoggingExternalInterface logging;
         private readonly Func<string, ILogger> loggerFor;
         private readonly Action<LoggingExternalInterface> restore;
-        private readonly ConcurrentDictionary<string, ILogger> loggers = new ConcurrentDictionary<string, ILogger>();
+        // Lazy: two threads logging a new area at once still make one logger.
+        private readonly ConcurrentDictionary<string, Lazy<ILogger>> loggers = new ConcurrentDictionary<string, Lazy<ILogger>>();
         private readonly DelegateLoggingCallback callback;
         private int disposed;
 
@@ -92,7 +93,7 @@ namespace Velarion.Extensions.Logging
 
         private void Deliver(string message, uint level, uint sequence, string area)
         {
-            var logger = loggers.GetOrAdd(area ?? string.Empty, loggerFor);
+            var logger = loggers.GetOrAdd(area ?? string.Empty, (a, make) => new Lazy<ILogger>(() => make(a)), loggerFor).Value;
             var logLevel = ((DeviceLogLevel)level).ToLogLevel();
             if (!logger.IsEnabled(logLevel)) return;
             logger.Log(logLevel, new EventId(unchecked((int)sequence)), message, null, (text, _) => text);
