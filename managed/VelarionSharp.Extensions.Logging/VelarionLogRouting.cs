@@ -91,10 +91,10 @@ namespace Velarion.Extensions.Logging
             remove => callback.HandlerFailed -= value;
         }
 
-        private void Deliver(string message, uint level, uint sequence, string area)
+        private void Deliver(string message, DeviceLogLevel level, long sequence, string area)
         {
             var logger = loggers.GetOrAdd(area ?? string.Empty, (a, make) => new Lazy<ILogger>(() => make(a)), loggerFor).Value;
-            var logLevel = ((DeviceLogLevel)level).ToLogLevel();
+            var logLevel = level.ToLogLevel();
             if (!logger.IsEnabled(logLevel)) return;
             logger.Log(logLevel, new EventId(unchecked((int)sequence)), message, null, (text, _) => text);
         }

@@ -1,144 +1,163 @@
 using System;
 using System.Collections.Generic;
+using Velarion.Interop;
 
 namespace Velarion
 {
     /// <summary>
     /// The device library: the devices it sees, their descriptions, its
-    /// priority settings and its log. Create one before any emitter; dispose it
-    /// when done (it frees the device library's state and every log callback
-    /// installed through <see cref="Logging"/>).
+    /// priority settings and its log. Create one before any emitter and dispose
+    /// it when done (that frees the device library's state and every log
+    /// callback installed through <see cref="Logging"/>).
     /// </summary>
-    public partial class VelarionLibrary
+    public sealed class VelarionLibrary : IDisposable
     {
-        /// <summary>Devices the device library knows of, connected or not.</summary>
-        public int DeviceCount => NativeCount.ToInt(getDeviceCount());
+        internal readonly Raw.VelarionLibrary Native;
+        private LoggingExternalInterface? logging;
 
-        /// <summary>The identifiers of every known device, in the device library's order (a copy).</summary>
+        /// <summary>Opens the device library.</summary>
+        /// <exception cref="DllNotFoundException">The device library (or this binding's interop library) cannot be loaded; the message says how to provide it.</exception>
+        public VelarionLibrary()
+        {
+            NativeLibraries.EnsureLoadable();
+            Native = new Raw.VelarionLibrary();
+        }
+
+        /// <summary>The number of devices the device library knows of, connected or not.</summary>
+        /// <exception cref="ObjectDisposedException">The library was disposed.</exception>
+        public int DeviceCount => NativeCount.ToInt(Native.getDeviceCount());
+
+        /// <summary>The identifiers of every known device, in the device library's order: a snapshot.</summary>
+        /// <exception cref="ObjectDisposedException">The library was disposed.</exception>
         public IReadOnlyList<string> DeviceIdentifiers
         {
             get
             {
-                using StringList identifiers = getManagedDeviceIdentifiers();
-                var copy = new string[identifiers.Count];
-                identifiers.CopyTo(copy, 0);
-                return copy;
+                using Raw.StringList identifiers = Native.getManagedDeviceIdentifiers();
+                var copy = new string[NativeCount.ToInt(identifiers.size())];
+                for (int i = 0; i < copy.Length; ++i) copy[i] = identifiers.getitem(i);
+                return Array.AsReadOnly(copy);
             }
         }
 
-        /// <summary>
-        /// Descriptions of every known device, as a new list the caller owns and
-        /// disposes (its elements are copies).
-        /// </summary>
-        public DeviceInfoList GetDeviceInfos() => getManagedDeviceInfos();
-
-        /// <summary>A copy of the description of device <paramref name="index"/> (0 to <see cref="DeviceCount"/> − 1); the caller disposes it.</summary>
-        /// <exception cref="ArgumentOutOfRangeException">no such device</exception>
-        public DeviceInfo GetDeviceInfo(int index)
+        /// <summary>The descriptions of every known device, in the device library's order: a snapshot.</summary>
+        /// <returns>One description per device.</returns>
+        /// <exception cref="ObjectDisposedException">The library was disposed.</exception>
+        public IReadOnlyList<DeviceInfo> GetDeviceInfos()
         {
-            if (index < 0 || index >= DeviceCount) throw new ArgumentOutOfRangeException(nameof(index));
-            return getDeviceInfoByIndex((uint)index);
+            using Raw.DeviceInfoList infos = Native.getManagedDeviceInfos();
+            var copy = new DeviceInfo[NativeCount.ToInt(infos.size())];
+            for (int i = 0; i < copy.Length; ++i)
+            {
+                using Raw.DeviceInfo info = infos.getitem(i);
+                copy[i] = new DeviceInfo(info);
+            }
+            return Array.AsReadOnly(copy);
         }
 
-        /// <summary>
-        /// A copy of the description of the device named <paramref name="identifier"/>;
-        /// the caller disposes it. For an unknown identifier the device library
-        /// answers with an empty description.
-        /// </summary>
-        public DeviceInfo GetDeviceInfo(string identifier) => getDeviceInfoByIdentifier(identifier);
+        /// <summary>The description of device <paramref name="index"/>.</summary>
+        /// <param name="index">From 0 to <see cref="DeviceCount"/> − 1.</param>
+        /// <returns>A snapshot of the description.</returns>
+        /// <exception cref="ArgumentOutOfRangeException"><paramref name="index"/> names no device.</exception>
+        /// <exception cref="ObjectDisposedException">The library was disposed.</exception>
+        public DeviceInfo GetDeviceInfo(int index)
+        {
+            int count = DeviceCount;
+            if (index < 0 || index >= count)
+                throw new ArgumentOutOfRangeException(nameof(index), index,
+                    count == 0 ? "there is no device" : $"must be from 0 to {count - 1}");
+            using Raw.DeviceInfo info = Native.getDeviceInfoByIndex((uint)index);
+            return new DeviceInfo(info);
+        }
 
-        /// <summary>Whether the device is connected now (false for an unknown identifier).</summary>
-        public bool IsDeviceConnected(string identifier) => isDeviceConnected(identifier);
+        /// <summary>The description of the device named <paramref name="identifier"/>.</summary>
+        /// <param name="identifier">A device identifier, as in <see cref="DeviceIdentifiers"/>.</param>
+        /// <returns>A snapshot of the description.</returns>
+        /// <exception cref="ArgumentNullException"><paramref name="identifier"/> is null.</exception>
+        /// <exception cref="ArgumentException"><paramref name="identifier"/> contains '\0', or names no known device.</exception>
+        /// <exception cref="ObjectDisposedException">The library was disposed.</exception>
+        public DeviceInfo GetDeviceInfo(string identifier)
+        {
+            RequireKnown(identifier, nameof(identifier));
+            using Raw.DeviceInfo info = Native.getDeviceInfoByIdentifier(identifier);
+            return new DeviceInfo(info);
+        }
 
-        /// <summary>Whether an emitter holds the device (false for an unknown identifier).</summary>
-        public bool IsDeviceClaimed(string identifier) => isDeviceClaimed(identifier);
+        /// <summary>Whether the device is connected now.</summary>
+        /// <param name="identifier">A device identifier.</param>
+        /// <returns>true when connected; false when not, or when no such device is known.</returns>
+        /// <exception cref="ArgumentNullException"><paramref name="identifier"/> is null.</exception>
+        /// <exception cref="ArgumentException"><paramref name="identifier"/> contains '\0'.</exception>
+        /// <exception cref="ObjectDisposedException">The library was disposed.</exception>
+        public bool IsDeviceConnected(string identifier) =>
+            Native.isDeviceConnected(Arguments.Text(identifier, nameof(identifier)));
+
+        /// <summary>Whether an emitter holds the device.</summary>
+        /// <param name="identifier">A device identifier.</param>
+        /// <returns>true when an emitter holds it; false when none does, or when no such device is known.</returns>
+        /// <exception cref="ArgumentNullException"><paramref name="identifier"/> is null.</exception>
+        /// <exception cref="ArgumentException"><paramref name="identifier"/> contains '\0'.</exception>
+        /// <exception cref="ObjectDisposedException">The library was disposed.</exception>
+        public bool IsDeviceClaimed(string identifier) =>
+            Native.isDeviceClaimed(Arguments.Text(identifier, nameof(identifier)));
 
         /// <summary>Whether the device library may raise the process's priority.</summary>
+        /// <exception cref="ObjectDisposedException">The library was disposed.</exception>
         public bool ProcessPriorityManagementAllowed
         {
-            get => isProcessPriorityManagementAllowed();
-            set => setProcessPriorityManagementAllowed(value);
+            get => Native.isProcessPriorityManagementAllowed();
+            set => Native.setProcessPriorityManagementAllowed(value);
         }
 
         /// <summary>Whether the device library may raise its threads' priority (emission threads).</summary>
+        /// <exception cref="ObjectDisposedException">The library was disposed.</exception>
         public bool ThreadPriorityManagementAllowed
         {
-            get => isThreadPriorityManagementAllowed();
-            set => setThreadPriorityManagementAllowed(value);
+            get => Native.isThreadPriorityManagementAllowed();
+            set => Native.setThreadPriorityManagementAllowed(value);
         }
 
-        /// <summary>Reads the hardware configuration files again; false when they could not be read.</summary>
-        public bool ReloadHardwareConfigurations() => reloadHardwareConfigurations();
-
-        /// <summary>Reads hardware configurations from <paramref name="path"/>; false (and nothing changes) when it could not be read.</summary>
-        public bool ReloadHardwareConfigurations(string path) => reloadHardwareConfigurations(path);
-
         /// <summary>
-        /// The device library's log: level, destination and callbacks. Borrowed
-        /// from this object: disposed with it.
+        /// Reads the hardware configurations from their default place again
+        /// (the emulator: <c>$VELARION_HARDWARE_CONFIG_PATH</c>, then
+        /// <c>/etc/velarion/hardware</c>, else its built-in devices).
         /// </summary>
-        public LoggingExternalInterface Logging => getLoggingInterface();
-    }
+        /// <returns>false, and nothing changes, when they could not be read (the log says why).</returns>
+        /// <exception cref="ObjectDisposedException">The library was disposed.</exception>
+        public bool ReloadHardwareConfigurations() => Native.reloadHardwareConfigurations();
 
-    /// <summary>The device library's log levels; a level shows itself and every level before it.</summary>
-    public enum DeviceLogLevel
-    {
-        /// <summary>Nothing.</summary>
-        Off = 0,
-        /// <summary>Failures.</summary>
-        Error = 1,
-        /// <summary>Trouble the device library recovered from.</summary>
-        Warning = 2,
-        /// <summary>Events such as devices found and emitters started.</summary>
-        Info = 3,
-        /// <summary>Detail for diagnosis.</summary>
-        Debug = 4,
-        /// <summary>Everything.</summary>
-        Trace = 5,
-    }
+        /// <summary>Reads hardware configurations from a file, or from every configuration file of a folder.</summary>
+        /// <param name="path">A file or a folder.</param>
+        /// <returns>false, and nothing changes, when they could not be read (the log names the file, line and reason).</returns>
+        /// <exception cref="ArgumentNullException"><paramref name="path"/> is null.</exception>
+        /// <exception cref="ArgumentException"><paramref name="path"/> contains '\0'.</exception>
+        /// <exception cref="ObjectDisposedException">The library was disposed.</exception>
+        public bool ReloadHardwareConfigurations(string path) =>
+            Native.reloadHardwareConfigurations(Arguments.Text(path, nameof(path)));
 
-    /// <summary>
-    /// The log of one <see cref="VelarionLibrary"/>: which levels it prints,
-    /// where, and which callbacks receive its lines. Borrowed from the library.
-    /// </summary>
-    public partial class LoggingExternalInterface
-    {
-        /// <summary>The most detailed level the device library prints (warnings by default).</summary>
-        /// <exception cref="ArgumentOutOfRangeException">not a level</exception>
-        public DeviceLogLevel Level
+        /// <summary>The device library's log: level, destination and callbacks. Belongs to this library.</summary>
+        /// <exception cref="ObjectDisposedException">The library was disposed.</exception>
+        public LoggingExternalInterface Logging
         {
-            get => (DeviceLogLevel)getLogLevel();
-            set
+            get
             {
-                if (!setLogLevel((int)value)) throw new ArgumentOutOfRangeException(nameof(value), value, "not a log level");
+                Raw.LoggingExternalInterface raw = Native.getLoggingInterface();
+                return logging ??= new LoggingExternalInterface(raw);
             }
         }
 
-        /// <summary>Prints to the end of the file at <paramref name="path"/>; false when it cannot be opened.</summary>
-        public bool RedirectToFile(string path) => redirectLoggingToFile(path);
+        /// <summary>Frees the device library's state and the log callbacks installed through <see cref="Logging"/>. Calling it again does nothing.</summary>
+        public void Dispose() => Native.Dispose();
 
-        /// <summary>Prints nothing (callbacks still receive their lines).</summary>
-        public void RedirectToNull() => redirectLoggingToNull();
-
-        /// <summary>Prints to standard output.</summary>
-        public void RedirectToStandardOutput() => redirectLoggingToStdOut();
-
-        /// <summary>Prints to standard error (the default).</summary>
-        public void RedirectToStandardError() => redirectLoggingToStdErr();
-
-        /// <summary>
-        /// Delivers every line of <paramref name="level"/> to
-        /// <paramref name="callback"/> from now on, replacing the callback
-        /// installed before; null uninstalls. The library keeps the callback
-        /// until it is replaced or the library is disposed; disposing the
-        /// callback earlier only stops the lines reaching it.
-        /// </summary>
-        /// <returns>false, and nothing changes, when <paramref name="level"/> is <see cref="DeviceLogLevel.Off"/>.</returns>
-        /// <remarks>Returns only once the replaced callback is no longer running, except when called from inside it.</remarks>
-        public bool SetCallback(DeviceLogLevel level, DelegateLoggingCallback callback)
+        // An identifier the device library knows, or an ArgumentException that says so.
+        internal void RequireKnown(string identifier, string parameter)
         {
-            if (level < DeviceLogLevel.Off || level > DeviceLogLevel.Trace) throw new ArgumentOutOfRangeException(nameof(level));
-            return setManagedLoggingCallback((uint)level, callback);
+            Arguments.Text(identifier, parameter);
+            foreach (string known in DeviceIdentifiers)
+            {
+                if (known == identifier) return;
+            }
+            throw new ArgumentException($"no device \"{identifier}\" is known to the device library", parameter);
         }
     }
 

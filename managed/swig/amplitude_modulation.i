@@ -13,7 +13,7 @@ namespace Velarion {
 namespace AmplitudeModulation {
 
 %rename(AmplitudeModulationControlPoint) ControlPoint;
-%typemap(csclassmodifiers) ControlPoint, ControlPointCollection, Emitter "public partial class"
+%typemap(csclassmodifiers) ControlPoint, ControlPointCollection, Emitter "internal partial class"
 %csmethodmodifiers ControlPoint::ControlPoint "public";
 %csmethodmodifiers ControlPointCollection::ControlPointCollection "public";
 %csmethodmodifiers Emitter::Emitter "public";
@@ -28,7 +28,7 @@ namespace AmplitudeModulation {
 %csattributes Emitter::Emitter
     "/// <summary>An emitter without a device, on the device identifier (placed by transform, device to emitter space), or taking over other (which keeps only an empty emitter to dispose).</summary>";
 %typemap(csclassmodifiers) Emitter::ReEmitPoints
-    "/// <summary>What a device move does to the points being emitted.</summary>\npublic enum"
+    "/// <summary>What a device move does to the points being emitted.</summary>\ninternal enum"
 %csattributes Emitter::ReEmitInEmitterSpace "/// <summary>They stay where they are in emitter space.</summary>";
 %csattributes Emitter::ReEmitFollowingDevice "/// <summary>They move with the device.</summary>";
 %csattributes Emitter::DoNotReEmit "/// <summary>They stop until the next update.</summary>";

@@ -40,7 +40,7 @@
 namespace Velarion {
 
 %typemap(csclassmodifiers) DeviceFeatures
-    "/// <summary>Optional capabilities of a device, combined as bits (<see cref=\"DeviceInfo.SupportedFeatures\"/>).</summary>\n[global::System.Flags]\npublic enum"
+    "/// <summary>Optional capabilities of a device, combined as bits.</summary>\n[global::System.Flags]\ninternal enum"
 VELARION_ENUM_DOC(DeviceFeatures::None, "No optional capability.")
 VELARION_ENUM_DOC(DeviceFeatures::AmplitudeModulation, "Amplitude-modulated control points (the amplitude modulation emitter).")
 VELARION_ENUM_DOC(DeviceFeatures::TimePointStreaming, "Time-point streaming (the time-point streaming emitter).")
@@ -53,7 +53,7 @@ enum class DeviceFeatures {
 };
 
 %typemap(csclassmodifiers) DeviceSelectionMode
-    "/// <summary>How an emitter picks the devices it drives.</summary>\npublic enum"
+    "/// <summary>How an emitter picks the devices it drives.</summary>\ninternal enum"
 VELARION_ENUM_DOC(DeviceSelectionMode::SingleDevice, "One device: the one named at construction, or the first free one.")
 VELARION_ENUM_DOC(DeviceSelectionMode::MultipleDevices, "Every device added to the emitter, each placed by its own transform.")
 enum class DeviceSelectionMode {
@@ -61,7 +61,7 @@ enum class DeviceSelectionMode {
   MultipleDevices = 1
 };
 
-%typemap(csclassmodifiers) Transducer, TransducerContainer, Alignment, DeviceInfo, VersionInfo "public partial class"
+%typemap(csclassmodifiers) Transducer, TransducerContainer, Alignment, DeviceInfo, VersionInfo "internal partial class"
 
 }  // namespace Velarion
 

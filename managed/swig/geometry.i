@@ -1,10 +1,9 @@
-// Geometry value types and the free operators between them. The generated
-// members are internal: the public surface (PascalCase, properties, C#
-// operators, System.Numerics conversions) is in managed/VelarionSharp/Geometry.
+// Geometry types and the free operators between them, as raw proxies for the
+// members of other classes that take or return them.
 %include "docs.i"
 
 %typemap(csclassmodifiers) Velarion::Vector3, Velarion::Quaternion, Velarion::Matrix3x3, Velarion::Matrix4x4,
-    Velarion::Transform "public partial class"
+    Velarion::Transform "internal partial class"
 %typemap(csclassmodifiers) double[ANY] "internal class"
 
 VELARION_INTERNAL_BEGIN
@@ -14,23 +13,8 @@ VELARION_INTERNAL_BEGIN
 %csmethodmodifiers ~Matrix4x4 "protected virtual";
 %csmethodmodifiers ~Transform "protected virtual";
 
-VELARION_DOC(Velarion::Vector3::Vector3(), "The zero vector (0, 0, 0).")
-VELARION_DOC(Velarion::Vector3::Vector3(float, float, float), "The vector (<paramref name=\"x\"/>, <paramref name=\"y\"/>, <paramref name=\"z\"/>); positions are in metres.")
-VELARION_DOC(Velarion::Quaternion::Quaternion(), "The identity rotation (0, 0, 0, 1).")
-VELARION_DOC(Velarion::Quaternion::Quaternion(float, float, float, float), "The quaternion x i + y j + z k + w, scalar <paramref name=\"w\"/> last, as stored; not normalised.")
-VELARION_DOC(Velarion::Matrix3x3::Matrix3x3(), "The zero matrix (not the identity: see <see cref=\"Identity\"/>).")
-VELARION_DOC(Velarion::Matrix3x3::Matrix3x3(double, double, double, double, double, double, double, double, double), "The matrix with these elements, row by row: m<i>rc</i> is row r, column c.")
-VELARION_DOC2(Velarion::Matrix3x3::Matrix3x3(const Quaternion&), "The device library's matrix of a quaternion.",
-    "<remarks>Its elements are scaled by the squared length of <paramref name=\"rotation\"/> rather than by 2 / |q|², so even for a unit quaternion this is not the rotation matrix (a half turn about Z gives diag(0, 0, 1)). For a rotation, use <see cref=\"Rotate\"/> or convert a <see cref=\"System.Numerics.Quaternion\"/> with <see cref=\"System.Numerics.Matrix4x4.CreateFromQuaternion\"/>.</remarks>")
-VELARION_DOC(Velarion::Matrix4x4::Matrix4x4(), "The zero matrix (not the identity: see <see cref=\"Identity\"/>).")
-VELARION_DOC(Velarion::Matrix4x4::Matrix4x4(double, double, double, double, double, double, double, double, double, double, double, double, double, double, double, double), "The matrix with these elements, row by row (column vectors: the translation is m03, m13, m23).")
-VELARION_DOC(Velarion::Transform::Transform(Matrix3x3, Vector3), "Maps p to <paramref name=\"basis\"/> · p + <paramref name=\"origin\"/>; both are copied. The basis should be a rotation (orthonormal): <see cref=\"Inverse\"/> relies on it.")
-VELARION_DOC(Velarion::Transform::Transform(Matrix3x3), "Maps p to <paramref name=\"basis\"/> · p (origin at zero); the basis is copied.")
-VELARION_DOC(Velarion::Transform::Transform(), "The identity: identity basis, origin at zero.")
-VELARION_DOC2(Velarion::Transform::Transform(const Quaternion&, Vector3), "A transform whose basis is the device library's matrix of <paramref name=\"rotation\"/>, with this origin.",
-    "<remarks>The basis is built as <see cref=\"Matrix3x3(Quaternion)\"/> builds it, which is not the rotation matrix of the quaternion (elements scaled by its squared length). For a rotation, use <see cref=\"FromNumerics\"/> with <see cref=\"System.Numerics.Matrix4x4.CreateFromQuaternion\"/>.</remarks>")
-VELARION_DOC2(Velarion::Transform::Transform(const Quaternion&), "A transform whose basis is the device library's matrix of <paramref name=\"rotation\"/>, origin at zero.",
-    "<remarks>Not the rotation matrix of the quaternion: see <see cref=\"Matrix3x3(Quaternion)\"/>.</remarks>")
+// The raw proxies serve the raw layer only: the public geometry types are
+// hand-written structs (managed/VelarionSharp/Geometry).
 
 namespace Velarion {
 

@@ -3,7 +3,7 @@
 // public surface is in managed/VelarionSharp/Devices/HostTime*.cs.
 %include "docs.i"
 
-%typemap(csclassmodifiers) Velarion::HostDuration, Velarion::HostTimePoint "public partial class"
+%typemap(csclassmodifiers) Velarion::HostDuration, Velarion::HostTimePoint "internal partial class"
 
 VELARION_INTERNAL_BEGIN
 %csmethodmodifiers ~HostDuration "protected virtual";

@@ -22,7 +22,7 @@ class LoggingExternalInterface;
 // The _internal members are wrapped by friendlier C# in managed/VelarionSharp.
 %rename(getDeviceInfoByIdentifier_internal) VelarionLibrary::getDeviceInfoByIdentifier;
 %rename(getLoggingInterface_internal) VelarionLibrary::getLoggingInterface;
-%typemap(csclassmodifiers) VelarionLibrary "public partial class"
+%typemap(csclassmodifiers) VelarionLibrary "internal partial class"
 %csmethodmodifiers VelarionLibrary::VelarionLibrary "public";
 %csattributes VelarionLibrary::VelarionLibrary
     "/// <summary>Opens the device library, or takes over other with its installed log callbacks (other keeps only an empty library to dispose).</summary>";

@@ -16,8 +16,8 @@ namespace Velarion {
 class DeviceInfo;
 }
 
-%typemap(csclassmodifiers) std::vector<std::string> "public partial class"
-%typemap(csclassmodifiers) std::vector<Velarion::DeviceInfo> "public partial class"
+%typemap(csclassmodifiers) std::vector<std::string> "internal partial class"
+%typemap(csclassmodifiers) std::vector<Velarion::DeviceInfo> "internal partial class"
 
 // A size the process cannot have is refused before the native side would
 // abort on a failed allocation (CheckSize, CheckRepeat: the partial classes).

@@ -19,7 +19,7 @@ VELARION_INTERNAL_MEMBERS
 // and end the process. Only DelegateLoggingCallback derives from it, which
 // keeps a throwing handler from unwinding into that thread as well.
 %typemap(csclassmodifiers) LoggingCallbackWrapper
-    "/// <summary>The native side of a log callback; use <see cref=\"DelegateLoggingCallback\"/>.</summary>\npublic abstract class"
+    "/// <summary>The native side of a log callback; use <see cref=\"DelegateLoggingCallback\"/>.</summary>\ninternal abstract class"
 %feature("csdirectordelegatemodifiers") LoggingCallbackWrapper::callback "internal";
 %csmethodmodifiers LoggingCallbackWrapper::LoggingCallbackWrapper "internal";
 %csmethodmodifiers LoggingCallbackWrapper::callback "internal abstract";
@@ -44,7 +44,7 @@ namespace Velarion {
 
 // Only ever reached through the library object that owns it.
 %nodefaultctor LoggingExternalInterface;
-%typemap(csclassmodifiers) LoggingExternalInterface "public partial class"
+%typemap(csclassmodifiers) LoggingExternalInterface "internal partial class"
 
 // The device library keeps only the wrapper's native pointer: once installed,
 // the library object this interface lives in holds the wrapper (native object

@@ -6,7 +6,7 @@
 VELARION_INTERNAL_MEMBERS
 namespace Velarion {
 
-%typemap(csclassmodifiers) ControlPointBase, ControlPointPersistentBase "public partial class"
+%typemap(csclassmodifiers) ControlPointBase, ControlPointPersistentBase "internal partial class"
 %csmethodmodifiers ControlPointBase::ControlPointBase "public";
 %csmethodmodifiers ControlPointPersistentBase::ControlPointPersistentBase "public";
 %csattributes ControlPointBase::ControlPointBase

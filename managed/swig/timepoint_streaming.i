@@ -28,7 +28,7 @@ VELARION_INTERNAL_MEMBERS
     "global::System.Diagnostics.CodeAnalysis.DynamicallyAccessedMemberTypes.PublicMethods | "
     "global::System.Diagnostics.CodeAnalysis.DynamicallyAccessedMemberTypes.NonPublicMethods)]\n"
     "#endif\n"
-    "public abstract class"
+    "internal abstract class"
 %feature("csdirectordelegatemodifiers") EmissionCallbackWrapper::setSuspended "internal";
 %feature("csdirectordelegatemodifiers") EmissionCallbackWrapper::isSuspended "internal";
 %feature("csdirectordelegatemodifiers") EmissionCallbackWrapper::callback "internal";
@@ -70,7 +70,7 @@ namespace Velarion {
 namespace TimePointStreaming {
 
 %rename(TimePointStreamingEmitter) Emitter;
-%typemap(csclassmodifiers) Emitter "public partial class"
+%typemap(csclassmodifiers) Emitter "internal partial class"
 %csmethodmodifiers Emitter::Emitter "public";
 %csattributes Emitter::Emitter
     "/// <summary>An emitter without a device, on the device identifier (placed by transform, device to emitter space), or taking over other with its installed callback (other keeps only an empty emitter to dispose).</summary>";

@@ -1,132 +1,116 @@
 using System;
-using Numerics = System.Numerics;
+using Velarion.Interop;
 
 namespace Velarion
 {
     /// <summary>
-    /// The rigid relation between a device's own frame and the frame of an
-    /// external tracking system (positions in metres): device to tracking is
-    /// p_tracking = R · p_device + t, tracking to device its inverse. Each
-    /// device has a default one (<see cref="DeviceInfo.GetDefaultAlignment"/>);
-    /// alignments round-trip through files. Owned: dispose it when done.
+    /// Where a device sits in a tracking system's space: a rigid transform from
+    /// device space to tracking space, kept by the device library, which also
+    /// reads and writes it as a file.
     /// </summary>
-    public partial class Alignment
+    public sealed class Alignment : IDisposable
     {
-        /// <summary>The device-frame position <paramref name="position"/> in the tracking frame, as a new vector.</summary>
-        /// <exception cref="ArgumentNullException"><paramref name="position"/> is null.</exception>
-        public NVector3 FromDevicePositionToTrackingPosition(NVector3 position) =>
-            fromDevicePositionToTrackingPosition(position);
+        private readonly Raw.Alignment native;
 
-        /// <summary>The device-frame direction <paramref name="direction"/> in the tracking frame (turned, not moved), as a new vector.</summary>
-        /// <exception cref="ArgumentNullException"><paramref name="direction"/> is null.</exception>
-        public NVector3 FromDeviceDirectionToTrackingDirection(NVector3 direction) =>
-            fromDeviceDirectionToTrackingDirection(direction);
+        /// <summary>The identity alignment: tracking space is device space.</summary>
+        public Alignment() => native = new Raw.Alignment();
 
-        /// <summary>The tracking-frame position <paramref name="position"/> in the device frame, as a new vector.</summary>
-        /// <exception cref="ArgumentNullException"><paramref name="position"/> is null.</exception>
-        public NVector3 FromTrackingPositionToDevicePosition(NVector3 position) =>
-            fromTrackingPositionToDevicePosition(position);
-
-        /// <summary>The tracking-frame direction <paramref name="direction"/> in the device frame, as a new vector.</summary>
-        /// <exception cref="ArgumentNullException"><paramref name="direction"/> is null.</exception>
-        public NVector3 FromTrackingDirectionToDeviceDirection(NVector3 direction) =>
-            fromTrackingDirectionToDeviceDirection(direction);
-
-        /// <summary>The device-frame position <paramref name="position"/> in the tracking frame; nothing is left to dispose.</summary>
-        public Numerics.Vector3 FromDevicePositionToTrackingPosition(Numerics.Vector3 position) =>
-            NativeResult.Apply(getCPtr(this), this, position, velarionPINVOKE.AlignmentDevicePositionToTracking);
-
-        /// <summary>The device-frame direction <paramref name="direction"/> in the tracking frame; nothing is left to dispose.</summary>
-        public Numerics.Vector3 FromDeviceDirectionToTrackingDirection(Numerics.Vector3 direction) =>
-            NativeResult.Apply(getCPtr(this), this, direction, velarionPINVOKE.AlignmentDeviceDirectionToTracking);
-
-        /// <summary>The tracking-frame position <paramref name="position"/> in the device frame; nothing is left to dispose.</summary>
-        public Numerics.Vector3 FromTrackingPositionToDevicePosition(Numerics.Vector3 position) =>
-            NativeResult.Apply(getCPtr(this), this, position, velarionPINVOKE.AlignmentTrackingPositionToDevice);
-
-        /// <summary>The tracking-frame direction <paramref name="direction"/> in the device frame; nothing is left to dispose.</summary>
-        public Numerics.Vector3 FromTrackingDirectionToDeviceDirection(Numerics.Vector3 direction) =>
-            NativeResult.Apply(getCPtr(this), this, direction, velarionPINVOKE.AlignmentTrackingDirectionToDevice);
-
-        /// <summary>
-        /// Writes the device-to-tracking transform into the first sixteen
-        /// elements of <paramref name="matrix"/>, in the device library's order
-        /// (row-major, column vectors: the translation is elements 3, 7, 11).
-        /// </summary>
-        /// <exception cref="ArgumentNullException"><paramref name="matrix"/> is null.</exception>
-        /// <exception cref="ArgumentException"><paramref name="matrix"/> holds fewer than sixteen elements.</exception>
-        public void FromDeviceToTrackingTransformToArray4x4(float[] matrix) => fromDeviceToTrackingTransformToArray4x4(matrix);
-
-        /// <inheritdoc cref="FromDeviceToTrackingTransformToArray4x4(float[])"/>
-        public void FromDeviceToTrackingTransformToArray4x4(double[] matrix) => fromDeviceToTrackingTransformToArray4x4(matrix);
-
-        /// <summary>
-        /// Writes the tracking-to-device transform into the first sixteen
-        /// elements of <paramref name="matrix"/>, in the device library's order
-        /// (row-major, column vectors).
-        /// </summary>
-        /// <exception cref="ArgumentNullException"><paramref name="matrix"/> is null.</exception>
-        /// <exception cref="ArgumentException"><paramref name="matrix"/> holds fewer than sixteen elements.</exception>
-        public void FromTrackingToDeviceTransformToArray4x4(float[] matrix) => fromTrackingToDeviceTransformToArray4x4(matrix);
-
-        /// <inheritdoc cref="FromTrackingToDeviceTransformToArray4x4(float[])"/>
-        public void FromTrackingToDeviceTransformToArray4x4(double[] matrix) => fromTrackingToDeviceTransformToArray4x4(matrix);
-
-        /// <summary>
-        /// The device-to-tracking transform in <see cref="Numerics.Matrix4x4"/>'s
-        /// row-vector convention: <c>Numerics.Vector3.Transform(p, m)</c> maps a
-        /// device position into the tracking frame.
-        /// </summary>
-        public Numerics.Matrix4x4 GetDeviceToTrackingTransform()
+        /// <summary>The alignment whose device-to-tracking transform is <paramref name="deviceToTracking"/>.</summary>
+        /// <param name="deviceToTracking">A rigid transform (rotation basis), rounded to float.</param>
+        public Alignment(Transform deviceToTracking)
         {
-            var elements = new float[16];
-            fromDeviceToTrackingTransformToArray4x4(elements);
-            return RowVectorMatrix(elements);
+            Matrix3x3 r = deviceToTracking.Basis;
+            NVector3 t = deviceToTracking.Origin;
+            native = new Raw.Alignment((float)r.M00, (float)r.M01, (float)r.M02, (float)r.M10, (float)r.M11, (float)r.M12,
+                                       (float)r.M20, (float)r.M21, (float)r.M22, t.X, t.Y, t.Z);
         }
 
-        /// <summary>
-        /// The tracking-to-device transform in <see cref="Numerics.Matrix4x4"/>'s
-        /// row-vector convention.
-        /// </summary>
-        public Numerics.Matrix4x4 GetTrackingToDeviceTransform()
+        /// <summary>The transform from device space to tracking space.</summary>
+        /// <exception cref="ObjectDisposedException">The alignment was disposed.</exception>
+        public Transform DeviceToTracking => DeviceToTrackingOf(native);
+
+        /// <summary>Maps a position from device space to tracking space.</summary>
+        /// <param name="position">A position in device space, in metres.</param>
+        /// <returns>The position in tracking space.</returns>
+        /// <exception cref="ObjectDisposedException">The alignment was disposed.</exception>
+        public unsafe NVector3 FromDevicePositionToTrackingPosition(NVector3 position)
         {
-            var elements = new float[16];
-            fromTrackingToDeviceTransformToArray4x4(elements);
-            return RowVectorMatrix(elements);
+            using var self = new HandleLease(native.swigCPtr);
+            return GeometryImports.Take(AlignmentImports.DevicePositionToTracking(self.Pointer, &position));
         }
 
-        /// <summary>
-        /// A new alignment whose device-to-tracking transform is the rigid
-        /// <paramref name="deviceToTracking"/>, given in
-        /// <see cref="Numerics.Matrix4x4"/>'s row-vector convention (as
-        /// <see cref="GetDeviceToTrackingTransform"/> returns it); the fourth
-        /// column is ignored.
-        /// </summary>
-        public static Alignment FromNumerics(Numerics.Matrix4x4 deviceToTracking)
+        /// <summary>Turns a direction from device space to tracking space.</summary>
+        /// <param name="direction">A direction in device space.</param>
+        /// <returns>The direction in tracking space.</returns>
+        /// <exception cref="ObjectDisposedException">The alignment was disposed.</exception>
+        public unsafe NVector3 FromDeviceDirectionToTrackingDirection(NVector3 direction)
         {
-            Numerics.Matrix4x4 m = deviceToTracking;
-            return new Alignment(m.M11, m.M21, m.M31,
-                                 m.M12, m.M22, m.M32,
-                                 m.M13, m.M23, m.M33,
-                                 m.M41, m.M42, m.M43);
+            using var self = new HandleLease(native.swigCPtr);
+            return GeometryImports.Take(AlignmentImports.DeviceDirectionToTracking(self.Pointer, &direction));
         }
 
-        /// <summary>
-        /// Replaces this alignment with the one in the file at
-        /// <paramref name="path"/>. False, and this alignment unchanged, when
-        /// the file cannot be read or is malformed (the device library logs why).
-        /// </summary>
-        public bool LoadAlignment(string path) => loadAlignment(path);
+        /// <summary>Maps a position from tracking space to device space.</summary>
+        /// <param name="position">A position in tracking space, in metres.</param>
+        /// <returns>The position in device space.</returns>
+        /// <exception cref="ObjectDisposedException">The alignment was disposed.</exception>
+        public unsafe NVector3 FromTrackingPositionToDevicePosition(NVector3 position)
+        {
+            using var self = new HandleLease(native.swigCPtr);
+            return GeometryImports.Take(AlignmentImports.TrackingPositionToDevice(self.Pointer, &position));
+        }
 
-        /// <summary>Writes this alignment to the file at <paramref name="path"/>; false when it cannot be written.</summary>
-        public bool SaveAlignment(string path) => saveAlignment(path);
+        /// <summary>Turns a direction from tracking space to device space.</summary>
+        /// <param name="direction">A direction in tracking space.</param>
+        /// <returns>The direction in device space.</returns>
+        /// <exception cref="ObjectDisposedException">The alignment was disposed.</exception>
+        public unsafe NVector3 FromTrackingDirectionToDeviceDirection(NVector3 direction)
+        {
+            using var self = new HandleLease(native.swigCPtr);
+            return GeometryImports.Take(AlignmentImports.TrackingDirectionToDevice(self.Pointer, &direction));
+        }
 
-        // Row-major with column vectors, transposed into row vectors.
-        private static Numerics.Matrix4x4 RowVectorMatrix(float[] e) =>
-            new Numerics.Matrix4x4(
-                e[0], e[4], e[8], e[12],
-                e[1], e[5], e[9], e[13],
-                e[2], e[6], e[10], e[14],
-                e[3], e[7], e[11], e[15]);
+        /// <summary>Reads the alignment from a file, replacing this one.</summary>
+        /// <param name="path">An alignment file.</param>
+        /// <returns>false, and nothing changes, when the file cannot be read or is not an alignment (the log says why).</returns>
+        /// <exception cref="ArgumentNullException"><paramref name="path"/> is null.</exception>
+        /// <exception cref="ArgumentException"><paramref name="path"/> contains '\0'.</exception>
+        /// <exception cref="ObjectDisposedException">The alignment was disposed.</exception>
+        public bool TryLoad(string path) => native.loadAlignment(Arguments.Text(path, nameof(path)));
+
+        /// <summary>Writes the alignment to a file.</summary>
+        /// <param name="path">The file to write.</param>
+        /// <returns>false when it cannot be written (the log says why).</returns>
+        /// <exception cref="ArgumentNullException"><paramref name="path"/> is null.</exception>
+        /// <exception cref="ArgumentException"><paramref name="path"/> contains '\0'.</exception>
+        /// <exception cref="ObjectDisposedException">The alignment was disposed.</exception>
+        public bool TrySave(string path) => native.saveAlignment(Arguments.Text(path, nameof(path)));
+
+        /// <summary>Frees the native alignment. Calling it again does nothing.</summary>
+        public void Dispose() => native.Dispose();
+
+        internal static Transform DeviceToTrackingOf(Raw.Alignment alignment)
+        {
+            var e = new double[16];
+            alignment.fromDeviceToTrackingTransformToArray4x4(e);
+            return new Transform(new Matrix3x3(e[0], e[1], e[2], e[4], e[5], e[6], e[8], e[9], e[10]),
+                                 new NVector3((float)e[3], (float)e[7], (float)e[11]));
+        }
+    }
+
+    internal static unsafe class AlignmentImports
+    {
+        private const string Library = "VelarionCSharp";
+
+        [System.Runtime.InteropServices.DllImport(Library, EntryPoint = "CSharp_Velarion_Alignment_fromDevicePositionToTrackingPosition")]
+        internal static extern NVector3* DevicePositionToTracking(IntPtr self, NVector3* position);
+
+        [System.Runtime.InteropServices.DllImport(Library, EntryPoint = "CSharp_Velarion_Alignment_fromDeviceDirectionToTrackingDirection")]
+        internal static extern NVector3* DeviceDirectionToTracking(IntPtr self, NVector3* direction);
+
+        [System.Runtime.InteropServices.DllImport(Library, EntryPoint = "CSharp_Velarion_Alignment_fromTrackingPositionToDevicePosition")]
+        internal static extern NVector3* TrackingPositionToDevice(IntPtr self, NVector3* position);
+
+        [System.Runtime.InteropServices.DllImport(Library, EntryPoint = "CSharp_Velarion_Alignment_fromTrackingDirectionToDeviceDirection")]
+        internal static extern NVector3* TrackingDirectionToDevice(IntPtr self, NVector3* direction);
     }
 }

@@ -8,30 +8,30 @@ namespace Velarion
     public static class InterfaceVersion
     {
         /// <summary>The short version, "2.6.4-ST".</summary>
-        public static string Version => velarion.VL_SDK_VERSION;
+        public static string Version => Raw.velarion.VL_SDK_VERSION;
 
         /// <summary>The long version: <see cref="Version"/>, a hyphen and <see cref="PlatformName"/>.</summary>
-        public static string LongVersion => velarion.VL_SDK_VERSION_LONG;
+        public static string LongVersion => Raw.velarion.VL_SDK_VERSION_LONG;
 
         /// <summary>The interface's build date.</summary>
-        public static string BuildDate => velarion.VL_SDK_BUILD_DATE;
+        public static string BuildDate => Raw.velarion.VL_SDK_BUILD_DATE;
 
         /// <summary>The platform the interface was published for.</summary>
-        public static string PlatformName => velarion.VL_SDK_PLATFORM_NAME;
+        public static string PlatformName => Raw.velarion.VL_SDK_PLATFORM_NAME;
 
         /// <summary>The interface's variant.</summary>
-        public static string Variant => velarion.VL_SDK_VARIANT;
+        public static string Variant => Raw.velarion.VL_SDK_VARIANT;
 
         /// <summary>The major version.</summary>
-        public static int Major => velarion.VL_SDK_VERSION_MAJOR;
+        public static int Major => Raw.velarion.VL_SDK_VERSION_MAJOR;
 
         /// <summary>The minor version.</summary>
-        public static int Minor => velarion.VL_SDK_VERSION_MINOR;
+        public static int Minor => Raw.velarion.VL_SDK_VERSION_MINOR;
 
         /// <summary>The patch version.</summary>
-        public static int Patch => velarion.VL_SDK_VERSION_PATCH;
+        public static int Patch => Raw.velarion.VL_SDK_VERSION_PATCH;
 
         /// <summary>The three numbers packed as major × 65536 + minor × 256 + patch.</summary>
-        public static int Packed => velarion.VL_SDK_VERSION_INT;
+        public static int Packed => Raw.velarion.VL_SDK_VERSION_INT;
     }
 }

@@ -32,7 +32,7 @@ namespace Velarion
         }
 
         // A std::string: four pointers (the text inline up to 15 bytes).
-        internal static long StringBytes(string value)
+        internal static long StringBytes(string? value)
         {
             long bytes = 4L * IntPtr.Size;
             if (value != null)

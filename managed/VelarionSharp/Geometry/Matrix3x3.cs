@@ -1,179 +1,287 @@
 using System;
+using System.Globalization;
+using System.Runtime.InteropServices;
+using System.Text;
+using Velarion.Interop;
 
 namespace Velarion
 {
     /// <summary>
-    /// A 3 × 3 matrix of doubles kept natively, row-major, acting on column
-    /// vectors (M · v); the default is the zero matrix. Rotation angles are in
-    /// radians. Either owned (dispose it when done) or borrowed: a
-    /// <see cref="Transform"/>'s <see cref="Transform.Basis"/> reads and writes
-    /// the transform's storage.
+    /// A 3 × 3 matrix of doubles, row-major, laid out as the device library's
+    /// <c>Matrix3x3</c>; it acts on column vectors (M · v).
     /// </summary>
     /// <remarks>
-    /// Results that are vectors are computed in single precision from the
-    /// elements rounded to float, as the device library does.
+    /// A plain value. The default is the zero matrix, as the device library's
+    /// default (use <see cref="Identity"/>). A singular matrix inverts to zero.
+    /// <see cref="FromQuaternion"/> is the device library's matrix of a
+    /// quaternion, scaled by its squared length: not a rotation matrix (use
+    /// <see cref="CreateRotation"/>).
     /// </remarks>
-    public partial class Matrix3x3 : IEquatable<Matrix3x3>
+    [StructLayout(LayoutKind.Sequential)]
+    public struct Matrix3x3 : IEquatable<Matrix3x3>
     {
-        /// <summary>
-        /// The nine elements row by row, as a copy: changing the array does not
-        /// change the matrix; assigning one does.
-        /// </summary>
-        /// <exception cref="ArgumentNullException">Set to null.</exception>
-        /// <exception cref="ArgumentException">Set to an array that does not hold nine elements.</exception>
-        public double[] Elements { get => element; set => element = value; }
+        /// <summary>Row 0, column 0.</summary>
+        public double M00;
+        /// <summary>Row 0, column 1.</summary>
+        public double M01;
+        /// <summary>Row 0, column 2.</summary>
+        public double M02;
+        /// <summary>Row 1, column 0.</summary>
+        public double M10;
+        /// <summary>Row 1, column 1.</summary>
+        public double M11;
+        /// <summary>Row 1, column 2.</summary>
+        public double M12;
+        /// <summary>Row 2, column 0.</summary>
+        public double M20;
+        /// <summary>Row 2, column 1.</summary>
+        public double M21;
+        /// <summary>Row 2, column 2.</summary>
+        public double M22;
 
-        /// <summary>The element at <paramref name="row"/>, <paramref name="column"/> (0 to 2 each).</summary>
-        /// <exception cref="ArgumentOutOfRangeException">An index outside 0 to 2.</exception>
-        public double this[int row, int column]
+        /// <summary>The matrix with these elements, row by row.</summary>
+        /// <param name="m00">Row 0, column 0.</param>
+        /// <param name="m01">Row 0, column 1.</param>
+        /// <param name="m02">Row 0, column 2.</param>
+        /// <param name="m10">Row 1, column 0.</param>
+        /// <param name="m11">Row 1, column 1.</param>
+        /// <param name="m12">Row 1, column 2.</param>
+        /// <param name="m20">Row 2, column 0.</param>
+        /// <param name="m21">Row 2, column 1.</param>
+        /// <param name="m22">Row 2, column 2.</param>
+        public Matrix3x3(double m00, double m01, double m02, double m10, double m11, double m12, double m20, double m21,
+                         double m22)
         {
-            get => at((uint)row, (uint)column);
+            M00 = m00; M01 = m01; M02 = m02;
+            M10 = m10; M11 = m11; M12 = m12;
+            M20 = m20; M21 = m21; M22 = m22;
+        }
+
+        /// <summary>The identity matrix.</summary>
+        public static Matrix3x3 Identity => new Matrix3x3(1, 0, 0, 0, 1, 0, 0, 0, 1);
+
+        /// <summary>The element at <paramref name="row"/>, <paramref name="column"/>.</summary>
+        /// <param name="row">The row, 0 to 2.</param>
+        /// <param name="column">The column, 0 to 2.</param>
+        /// <returns>The element.</returns>
+        /// <exception cref="ArgumentOutOfRangeException">An index outside 0 to 2.</exception>
+        public unsafe double this[int row, int column]
+        {
+            readonly get
+            {
+                Matrix3x3 self = this;
+                return ((double*)&self)[Elements.Index(row, column, 3)];
+            }
             set
             {
-                if ((uint)row >= 3) throw new ArgumentOutOfRangeException(nameof(row));
-                if ((uint)column >= 3) throw new ArgumentOutOfRangeException(nameof(column));
-                double[] elements = element;
-                elements[3 * row + column] = value;
-                element = elements;
+                int index = Elements.Index(row, column, 3);
+                fixed (double* e = &M00) e[index] = value;
             }
         }
 
-        /// <summary>Row <paramref name="index"/> (0 to 2) as a new vector, each element rounded to float.</summary>
-        /// <exception cref="ArgumentOutOfRangeException">An index outside 0 to 2.</exception>
-        public NVector3 GetRow(int index) => getRow(index);
+        /// <summary>Row <paramref name="index"/>, each element rounded to float.</summary>
+        /// <param name="index">The row, 0 to 2.</param>
+        /// <returns>The row.</returns>
+        /// <exception cref="ArgumentOutOfRangeException"><paramref name="index"/> outside 0 to 2.</exception>
+        public readonly NVector3 GetRow(int index) =>
+            new NVector3((float)this[index, 0], (float)this[index, 1], (float)this[index, 2]);
 
-        /// <summary>Column <paramref name="index"/> (0 to 2) as a new vector, each element rounded to float.</summary>
-        /// <exception cref="ArgumentOutOfRangeException">An index outside 0 to 2.</exception>
-        public NVector3 GetColumn(int index) => getCol(index);
+        /// <summary>Column <paramref name="index"/>, each element rounded to float.</summary>
+        /// <param name="index">The column, 0 to 2.</param>
+        /// <returns>The column.</returns>
+        /// <exception cref="ArgumentOutOfRangeException"><paramref name="index"/> outside 0 to 2.</exception>
+        public readonly NVector3 GetColumn(int index) =>
+            new NVector3((float)this[0, index], (float)this[1, index], (float)this[2, index]);
 
-        /// <summary>A new identity matrix.</summary>
-        public static Matrix3x3 Identity() => identity();
+        /// <summary>The scaling by <paramref name="x"/>, <paramref name="y"/>, <paramref name="z"/> along the axes.</summary>
+        /// <param name="x">The factor along X.</param>
+        /// <param name="y">The factor along Y.</param>
+        /// <param name="z">The factor along Z.</param>
+        /// <returns>diag(x, y, z).</returns>
+        public static Matrix3x3 CreateScale(double x, double y, double z) => new Matrix3x3(x, 0, 0, 0, y, 0, 0, 0, z);
 
-        /// <summary>A new zero matrix.</summary>
-        public static Matrix3x3 Zero() => zero();
+        /// <summary>The rotation by <paramref name="angle"/> radians about <paramref name="axis"/> (right-handed).</summary>
+        /// <param name="axis">The axis, a unit vector.</param>
+        /// <param name="angle">The angle, in radians.</param>
+        /// <returns>The rotation matrix.</returns>
+        public static unsafe Matrix3x3 CreateRotation(NVector3 axis, double angle) =>
+            GeometryImports.Take(GeometryImports.Matrix3x3Rotate(&axis, angle));
 
-        /// <summary>A new scaling matrix diag(<paramref name="sx"/>, <paramref name="sy"/>, <paramref name="sz"/>).</summary>
-        public static Matrix3x3 Scale(double sx, double sy, double sz) => scale(sx, sy, sz);
+        /// <summary>The shortest rotation that turns the direction <paramref name="from"/> onto <paramref name="to"/>.</summary>
+        /// <param name="from">The direction to turn.</param>
+        /// <param name="to">The direction to reach.</param>
+        /// <returns>The rotation matrix.</returns>
+        public static unsafe Matrix3x3 CreateRotationOnto(NVector3 from, NVector3 to) =>
+            GeometryImports.Take(GeometryImports.Matrix3x3RotateOntoVector(&from, &to));
 
         /// <summary>
-        /// A new rotation by <paramref name="angle"/> radians about
-        /// <paramref name="axis"/>, right-handed. The axis must be of unit
-        /// length: it is not normalised, and a longer one scales the result.
-        /// An angle whose cosine rounds to 1 gives exactly the identity.
+        /// The device library's matrix of a quaternion: its elements are scaled by
+        /// the squared length rather than by 2 / |q|², so this is not the rotation
+        /// matrix even of a unit quaternion (a half turn about Z gives diag(0, 0, 1)).
         /// </summary>
-        /// <exception cref="ArgumentNullException"><paramref name="axis"/> is null.</exception>
-        public static Matrix3x3 Rotate(NVector3 axis, double angle) => rotate(axis, angle);
-
-        /// <summary>
-        /// A new rotation that turns the unit direction <paramref name="from"/>
-        /// onto the unit direction <paramref name="to"/> (neither is normalised).
-        /// Exactly opposite directions give the half turn about X.
-        /// </summary>
-        /// <exception cref="ArgumentNullException">A direction is null.</exception>
-        public static Matrix3x3 RotateOntoVector(NVector3 from, NVector3 to) => rotateOntoVector(from, to);
-
-        /// <summary>
-        /// Overwrites this matrix with the device library's matrix of
-        /// <paramref name="rotation"/>, which is not its rotation matrix: see
-        /// <see cref="Matrix3x3(Quaternion)"/>.
-        /// </summary>
-        /// <exception cref="ArgumentNullException"><paramref name="rotation"/> is null (this matrix is unchanged).</exception>
-        public void SetRotation(Quaternion rotation) => setRotation(rotation);
+        /// <param name="rotation">The quaternion.</param>
+        /// <returns>The device library's matrix.</returns>
+        public static unsafe Matrix3x3 FromQuaternion(Quaternion rotation) =>
+            GeometryImports.Take(GeometryImports.Matrix3x3FromQuaternion(&rotation));
 
         /// <summary>The determinant.</summary>
-        public double Determinant() => determinant();
+        /// <returns>The determinant.</returns>
+        public readonly unsafe double Determinant()
+        {
+            Matrix3x3 self = this;
+            return GeometryImports.Matrix3x3Determinant(&self);
+        }
 
-        /// <summary>
-        /// The inverse as a new matrix; a matrix whose determinant is below
-        /// 1e-19 in magnitude gives the zero matrix (never an exception).
-        /// </summary>
-        public Matrix3x3 Inverse() => inverse();
+        /// <summary>The inverse; a singular matrix gives the zero matrix.</summary>
+        /// <returns>The inverse, or zero.</returns>
+        public readonly unsafe Matrix3x3 Inverse()
+        {
+            Matrix3x3 self = this;
+            return GeometryImports.Take(GeometryImports.Matrix3x3Inverse(&self));
+        }
 
-        /// <summary>The transpose, as a new matrix.</summary>
-        public Matrix3x3 Transpose() => transpose();
+        /// <summary>The transpose.</summary>
+        /// <returns>The transpose.</returns>
+        public readonly unsafe Matrix3x3 Transpose()
+        {
+            Matrix3x3 self = this;
+            return GeometryImports.Take(GeometryImports.Matrix3x3Transpose(&self));
+        }
 
-        /// <summary>The element-wise sum, as a new matrix.</summary>
-        /// <exception cref="ArgumentNullException">An operand is null.</exception>
-        public static Matrix3x3 operator +(Matrix3x3 a, Matrix3x3 b) => velarion.operator_plus(a, b);
+        /// <summary>The element-wise sum.</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>a + b.</returns>
+        public static unsafe Matrix3x3 operator +(Matrix3x3 a, Matrix3x3 b) => GeometryImports.Take(GeometryImports.Matrix3x3Add(&a, &b));
 
-        /// <summary>The element-wise difference, as a new matrix.</summary>
-        /// <exception cref="ArgumentNullException">An operand is null.</exception>
-        public static Matrix3x3 operator -(Matrix3x3 a, Matrix3x3 b) => velarion.operator_minus(a, b);
+        /// <summary>The element-wise difference.</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>a − b.</returns>
+        public static unsafe Matrix3x3 operator -(Matrix3x3 a, Matrix3x3 b) =>
+            GeometryImports.Take(GeometryImports.Matrix3x3Subtract(&a, &b));
 
-        /// <summary>A copy, as a new matrix.</summary>
-        public static Matrix3x3 operator +(Matrix3x3 a) => Operand(a).operator_plus();
+        /// <summary>Every element negated.</summary>
+        /// <param name="a">The operand.</param>
+        /// <returns>−a.</returns>
+        public static unsafe Matrix3x3 operator -(Matrix3x3 a) => GeometryImports.Take(GeometryImports.Matrix3x3Negate(&a));
 
-        /// <summary>The negation (every sign flipped), as a new matrix.</summary>
-        public static Matrix3x3 operator -(Matrix3x3 a) => Operand(a).operator_minus();
+        /// <summary>The matrix product (b applied first).</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>a · b.</returns>
+        public static unsafe Matrix3x3 operator *(Matrix3x3 a, Matrix3x3 b) =>
+            GeometryImports.Take(GeometryImports.Matrix3x3Multiply(&a, &b));
 
-        /// <summary>The product a · b (apply b, then a), as a new matrix.</summary>
-        /// <exception cref="ArgumentNullException">An operand is null.</exception>
-        public static Matrix3x3 operator *(Matrix3x3 a, Matrix3x3 b) => Operand(a).operator_multiply(b);
+        /// <summary>Every element times <paramref name="s"/>.</summary>
+        /// <param name="m">The matrix.</param>
+        /// <param name="s">The factor.</param>
+        /// <returns>m · s.</returns>
+        public static unsafe Matrix3x3 operator *(Matrix3x3 m, double s) => GeometryImports.Take(GeometryImports.Matrix3x3Scale(&m, s));
 
-        /// <summary>Every element times <paramref name="s"/>, as a new matrix.</summary>
-        public static Matrix3x3 operator *(Matrix3x3 m, double s) => Operand(m).operator_multiply(s);
+        /// <summary>Every element times <paramref name="s"/>.</summary>
+        /// <param name="s">The factor.</param>
+        /// <param name="m">The matrix.</param>
+        /// <returns>s · m.</returns>
+        public static unsafe Matrix3x3 operator *(double s, Matrix3x3 m) => GeometryImports.Take(GeometryImports.Matrix3x3Scale(&m, s));
 
-        /// <summary>Every element times <paramref name="s"/>, as a new matrix.</summary>
-        public static Matrix3x3 operator *(double s, Matrix3x3 m) => velarion.operator_multiply(s, m);
+        /// <summary>Every element divided by <paramref name="s"/>.</summary>
+        /// <param name="m">The matrix.</param>
+        /// <param name="s">The divisor.</param>
+        /// <returns>m / s.</returns>
+        public static unsafe Matrix3x3 operator /(Matrix3x3 m, double s) => GeometryImports.Take(GeometryImports.Matrix3x3Divide(&m, s));
 
-        /// <summary>Every element times 1 / <paramref name="s"/>, as a new matrix.</summary>
-        public static Matrix3x3 operator /(Matrix3x3 m, double s) => Operand(m).operator_divide(s);
+        /// <summary>The vector <paramref name="v"/> multiplied by the matrix, in single precision as the device library does.</summary>
+        /// <param name="m">The matrix.</param>
+        /// <param name="v">The column vector.</param>
+        /// <returns>m · v.</returns>
+        public static unsafe NVector3 operator *(Matrix3x3 m, NVector3 v) => GeometryImports.Take(GeometryImports.Matrix3x3Apply(&m, &v));
 
-        /// <summary>The matrix applied to the column vector <paramref name="v"/>, as a new vector (single precision).</summary>
-        /// <exception cref="ArgumentNullException">An operand is null.</exception>
-        public static NVector3 operator *(Matrix3x3 m, NVector3 v) => velarion.operator_multiply(m, v);
-
-        /// <summary>
-        /// Whether all nine elements are equal (IEEE: NaN equals nothing). Two
-        /// nulls are equal; a null and a matrix are not.
-        /// </summary>
-        public static bool operator ==(Matrix3x3 a, Matrix3x3 b) =>
-            a is null ? b is null : !(b is null) && IeeeEqual(a.element, b.element);
+        /// <summary>Whether every element compares equal (0 equals −0; NaN equals nothing).</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>true when equal.</returns>
+        public static unsafe bool operator ==(Matrix3x3 a, Matrix3x3 b) => Elements.Equal((double*)&a, (double*)&b, 9, ieee: true);
 
         /// <summary>The negation of <c>==</c>.</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>true when an element differs.</returns>
         public static bool operator !=(Matrix3x3 a, Matrix3x3 b) => !(a == b);
 
-        /// <summary>Whether <paramref name="other"/> holds the same elements; NaN equals NaN here.</summary>
-        public bool Equals(Matrix3x3 other) => !(other is null) && Same(element, other.element);
+        /// <summary>Whether <paramref name="other"/> holds the same elements (NaN equals NaN here).</summary>
+        /// <param name="other">The matrix to compare with.</param>
+        /// <returns>true when equal.</returns>
+        public readonly unsafe bool Equals(Matrix3x3 other)
+        {
+            Matrix3x3 self = this;
+            return Elements.Equal((double*)&self, (double*)&other, 9, ieee: false);
+        }
 
         /// <summary>Whether <paramref name="obj"/> is a <see cref="Matrix3x3"/> with the same elements.</summary>
-        public override bool Equals(object obj) => Equals(obj as Matrix3x3);
+        /// <param name="obj">The object to compare with.</param>
+        /// <returns>true when equal.</returns>
+        public override readonly bool Equals(object? obj) => obj is Matrix3x3 other && Equals(other);
 
-        /// <summary>A hash of the elements, consistent with <see cref="Equals(Matrix3x3)"/>.</summary>
-        public override int GetHashCode() => Hash(element);
+        /// <summary>A hash consistent with <see cref="Equals(Matrix3x3)"/>.</summary>
+        /// <returns>The hash.</returns>
+        public override readonly unsafe int GetHashCode()
+        {
+            Matrix3x3 self = this;
+            return Elements.Hash((double*)&self, 9);
+        }
 
         /// <summary>The rows as "((m00, m01, m02), (m10, m11, m12), (m20, m21, m22))", in the invariant culture.</summary>
-        public override string ToString()
+        /// <returns>The text.</returns>
+        public override readonly unsafe string ToString()
         {
-            double[] e = element;
-            return "(" + Text.Tuple(e[0], e[1], e[2]) + ", " + Text.Tuple(e[3], e[4], e[5]) + ", " +
-                   Text.Tuple(e[6], e[7], e[8]) + ")";
+            Matrix3x3 self = this;
+            return Elements.Rows((double*)&self, 3);
+        }
+    }
+
+    // Element-wise helpers shared by the matrices.
+    internal static unsafe class Elements
+    {
+        internal static int Index(int row, int column, int size)
+        {
+            if ((uint)row >= (uint)size)
+                throw new ArgumentOutOfRangeException(nameof(row), row, $"must be from 0 to {size - 1}");
+            if ((uint)column >= (uint)size)
+                throw new ArgumentOutOfRangeException(nameof(column), column, $"must be from 0 to {size - 1}");
+            return row * size + column;
         }
 
-        private static Matrix3x3 Operand(Matrix3x3 value) =>
-            value ?? throw new ArgumentNullException(nameof(value), "Attempt to dereference null Velarion::Matrix3x3");
-
-        // Element by element with ==, as the device library compares: NaN equals nothing.
-        internal static bool IeeeEqual(double[] a, double[] b)
+        internal static bool Equal(double* a, double* b, int count, bool ieee)
         {
-            for (int i = 0; i < a.Length; ++i)
-                if (a[i] != b[i]) return false;
+            for (int i = 0; i < count; ++i)
+            {
+                if (ieee ? a[i] != b[i] : !a[i].Equals(b[i])) return false;
+            }
             return true;
         }
 
-        // Element by element with Equals, as .NET equality wants: NaN equals NaN.
-        internal static bool Same(double[] a, double[] b)
-        {
-            for (int i = 0; i < a.Length; ++i)
-                if (!a[i].Equals(b[i])) return false;
-            return true;
-        }
-
-        internal static int Hash(double[] elements)
+        internal static int Hash(double* e, int count)
         {
             var hash = new HashCode();
-            foreach (double e in elements) hash.Add(e);
+            for (int i = 0; i < count; ++i) hash.Add(e[i]);
             return hash.ToHashCode();
+        }
+
+        internal static string Rows(double* e, int size)
+        {
+            var text = new StringBuilder("(");
+            for (int r = 0; r < size; ++r)
+            {
+                text.Append(r == 0 ? "(" : ", (");
+                for (int c = 0; c < size; ++c)
+                {
+                    if (c > 0) text.Append(", ");
+                    text.Append(e[r * size + c].ToString(CultureInfo.InvariantCulture));
+                }
+                text.Append(')');
+            }
+            return text.Append(')').ToString();
         }
     }
 }

@@ -1,119 +1,186 @@
 using System;
+using System.Runtime.InteropServices;
+using Velarion.Interop;
 using Numerics = System.Numerics;
 
 namespace Velarion
 {
     /// <summary>
-    /// A homogeneous 4 × 4 matrix of doubles kept natively, row-major, acting
-    /// on column vectors (M · p): rotation and scaling in the upper-left 3 × 3
-    /// block, the translation (metres) in the fourth column. The default is the
-    /// zero matrix. Owned: dispose it when done.
+    /// A 4 × 4 matrix of doubles, row-major, laid out as the device library's
+    /// <c>Matrix4x4</c>; it acts on column vectors (M · p, the translation in
+    /// <see cref="M03"/>, <see cref="M13"/>, <see cref="M23"/>).
     /// </summary>
     /// <remarks>
-    /// <see cref="Numerics.Matrix4x4"/> acts on row vectors (p · M), so the
-    /// conversions transpose: element (r, c) here is <c>M(c+1)(r+1)</c> there,
-    /// the translation m03, m13, m23 lands in M41, M42, M43, and
+    /// A plain value. The default is the zero matrix, as the device library's
+    /// default (use <see cref="Identity"/>); a singular matrix inverts to zero.
+    /// <see cref="Numerics.Matrix4x4"/> acts on row vectors (p · M), so
+    /// <see cref="ToNumerics"/> and <see cref="FromNumerics"/> transpose: then
     /// <c>Numerics.Vector3.Transform(p, m.ToNumerics())</c> equals
-    /// <see cref="TransformPosition(Numerics.Vector3)"/>. A product a · b here
-    /// (b applied first) is <c>b.ToNumerics() * a.ToNumerics()</c> there.
-    /// Elements are rounded to float on the way out.
+    /// <c>m.TransformPosition(p)</c>, and a product <c>a * b</c> here is
+    /// <c>b.ToNumerics() * a.ToNumerics()</c> there.
     /// </remarks>
-    public partial class Matrix4x4 : IEquatable<Matrix4x4>
+    [StructLayout(LayoutKind.Sequential)]
+    public struct Matrix4x4 : IEquatable<Matrix4x4>
     {
-        /// <summary>
-        /// The sixteen elements row by row, as a copy: changing the array does
-        /// not change the matrix; assigning one does.
-        /// </summary>
-        /// <exception cref="ArgumentNullException">Set to null.</exception>
-        /// <exception cref="ArgumentException">Set to an array that does not hold sixteen elements.</exception>
-        public double[] Elements { get => element; set => element = value; }
+        /// <summary>Row 0, column 0.</summary>
+        public double M00;
+        /// <summary>Row 0, column 1.</summary>
+        public double M01;
+        /// <summary>Row 0, column 2.</summary>
+        public double M02;
+        /// <summary>Row 0, column 3.</summary>
+        public double M03;
+        /// <summary>Row 1, column 0.</summary>
+        public double M10;
+        /// <summary>Row 1, column 1.</summary>
+        public double M11;
+        /// <summary>Row 1, column 2.</summary>
+        public double M12;
+        /// <summary>Row 1, column 3.</summary>
+        public double M13;
+        /// <summary>Row 2, column 0.</summary>
+        public double M20;
+        /// <summary>Row 2, column 1.</summary>
+        public double M21;
+        /// <summary>Row 2, column 2.</summary>
+        public double M22;
+        /// <summary>Row 2, column 3.</summary>
+        public double M23;
+        /// <summary>Row 3, column 0.</summary>
+        public double M30;
+        /// <summary>Row 3, column 1.</summary>
+        public double M31;
+        /// <summary>Row 3, column 2.</summary>
+        public double M32;
+        /// <summary>Row 3, column 3.</summary>
+        public double M33;
 
-        /// <summary>The element at <paramref name="row"/>, <paramref name="column"/> (0 to 3 each).</summary>
-        /// <exception cref="ArgumentOutOfRangeException">An index outside 0 to 3.</exception>
-        public double this[int row, int column]
+        /// <summary>The matrix with these elements, row by row.</summary>
+        /// <param name="m00">Row 0, column 0.</param>
+        /// <param name="m01">Row 0, column 1.</param>
+        /// <param name="m02">Row 0, column 2.</param>
+        /// <param name="m03">Row 0, column 3.</param>
+        /// <param name="m10">Row 1, column 0.</param>
+        /// <param name="m11">Row 1, column 1.</param>
+        /// <param name="m12">Row 1, column 2.</param>
+        /// <param name="m13">Row 1, column 3.</param>
+        /// <param name="m20">Row 2, column 0.</param>
+        /// <param name="m21">Row 2, column 1.</param>
+        /// <param name="m22">Row 2, column 2.</param>
+        /// <param name="m23">Row 2, column 3.</param>
+        /// <param name="m30">Row 3, column 0.</param>
+        /// <param name="m31">Row 3, column 1.</param>
+        /// <param name="m32">Row 3, column 2.</param>
+        /// <param name="m33">Row 3, column 3.</param>
+        public Matrix4x4(double m00, double m01, double m02, double m03, double m10, double m11, double m12, double m13, double m20, double m21, double m22, double m23, double m30, double m31, double m32, double m33)
         {
-            get => element[Index(row, column)];
+            M00 = m00; M01 = m01; M02 = m02; M03 = m03;
+            M10 = m10; M11 = m11; M12 = m12; M13 = m13;
+            M20 = m20; M21 = m21; M22 = m22; M23 = m23;
+            M30 = m30; M31 = m31; M32 = m32; M33 = m33;
+        }
+
+        /// <summary>The identity matrix.</summary>
+        public static Matrix4x4 Identity => new Matrix4x4(1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1);
+
+        /// <summary>The element at <paramref name="row"/>, <paramref name="column"/>.</summary>
+        /// <param name="row">The row, 0 to 3.</param>
+        /// <param name="column">The column, 0 to 3.</param>
+        /// <returns>The element.</returns>
+        /// <exception cref="ArgumentOutOfRangeException">An index outside 0 to 3.</exception>
+        public unsafe double this[int row, int column]
+        {
+            readonly get
+            {
+                Matrix4x4 self = this;
+                return ((double*)&self)[Elements.Index(row, column, 4)];
+            }
             set
             {
-                int index = Index(row, column);
-                double[] elements = element;
-                elements[index] = value;
-                element = elements;
+                int index = Elements.Index(row, column, 4);
+                fixed (double* e = &M00) e[index] = value;
             }
         }
 
-        /// <summary>A new identity matrix.</summary>
-        public static Matrix4x4 Identity() => identity();
+        /// <summary>The translation part (<see cref="M03"/>, <see cref="M13"/>, <see cref="M23"/>), rounded to float.</summary>
+        public readonly NVector3 Translation => new NVector3((float)M03, (float)M13, (float)M23);
 
-        /// <summary>A new zero matrix.</summary>
-        public static Matrix4x4 Zero() => zero();
+        /// <summary>The scaling by <paramref name="x"/>, <paramref name="y"/>, <paramref name="z"/> along the axes.</summary>
+        /// <param name="x">The factor along X.</param>
+        /// <param name="y">The factor along Y.</param>
+        /// <param name="z">The factor along Z.</param>
+        /// <returns>diag(x, y, z, 1).</returns>
+        public static Matrix4x4 CreateScale(double x, double y, double z) =>
+            new Matrix4x4(x, 0, 0, 0, 0, y, 0, 0, 0, 0, z, 0, 0, 0, 0, 1);
 
-        /// <summary>A new scaling matrix diag(<paramref name="sx"/>, <paramref name="sy"/>, <paramref name="sz"/>, 1).</summary>
-        public static Matrix4x4 Scale(double sx, double sy, double sz) => scale(sx, sy, sz);
+        /// <summary>The translation by (<paramref name="x"/>, <paramref name="y"/>, <paramref name="z"/>).</summary>
+        /// <param name="x">The offset along X.</param>
+        /// <param name="y">The offset along Y.</param>
+        /// <param name="z">The offset along Z.</param>
+        /// <returns>The identity with the offset in the last column.</returns>
+        public static Matrix4x4 CreateTranslation(double x, double y, double z) =>
+            new Matrix4x4(1, 0, 0, x, 0, 1, 0, y, 0, 0, 1, z, 0, 0, 0, 1);
 
-        /// <summary>A new translation by (<paramref name="tx"/>, <paramref name="ty"/>, <paramref name="tz"/>) metres.</summary>
-        public static Matrix4x4 Translation(double tx, double ty, double tz) => translation(tx, ty, tz);
+        /// <summary>The rotation by <paramref name="angle"/> radians about <paramref name="axis"/> (right-handed).</summary>
+        /// <param name="axis">The axis, a unit vector.</param>
+        /// <param name="angle">The angle, in radians.</param>
+        /// <returns>The rotation matrix.</returns>
+        public static unsafe Matrix4x4 CreateRotation(NVector3 axis, double angle) =>
+            GeometryImports.Take(GeometryImports.Matrix4x4Rotate(&axis, angle));
 
-        /// <summary>
-        /// A new rotation by <paramref name="angle"/> radians about the unit
-        /// <paramref name="axis"/> (not normalised), as <see cref="Matrix3x3.Rotate"/>.
-        /// </summary>
-        /// <exception cref="ArgumentNullException"><paramref name="axis"/> is null.</exception>
-        public static Matrix4x4 Rotate(NVector3 axis, double angle) => rotate(axis, angle);
-
-        /// <summary>
-        /// A new rotation turning the unit direction <paramref name="from"/> onto
-        /// <paramref name="to"/>, as <see cref="Matrix3x3.RotateOntoVector"/>.
-        /// </summary>
-        /// <exception cref="ArgumentNullException">A direction is null.</exception>
-        public static Matrix4x4 RotateOntoVector(NVector3 from, NVector3 to) => rotateOntoVector(from, to);
+        /// <summary>The shortest rotation that turns the direction <paramref name="from"/> onto <paramref name="to"/>.</summary>
+        /// <param name="from">The direction to turn.</param>
+        /// <param name="to">The direction to reach.</param>
+        /// <returns>The rotation matrix.</returns>
+        public static unsafe Matrix4x4 CreateRotationOnto(NVector3 from, NVector3 to) =>
+            GeometryImports.Take(GeometryImports.Matrix4x4RotateOntoVector(&from, &to));
 
         /// <summary>The determinant.</summary>
-        public double Determinant() => determinant();
-
-        /// <summary>
-        /// The inverse as a new matrix; a matrix whose determinant is below
-        /// 1e-19 in magnitude gives the zero matrix (never an exception).
-        /// </summary>
-        public Matrix4x4 Inverse() => inverse();
-
-        /// <summary>
-        /// The position <paramref name="position"/> moved by this matrix, as a
-        /// new vector. The fourth row is ignored: no perspective division.
-        /// </summary>
-        /// <exception cref="ArgumentNullException"><paramref name="position"/> is null.</exception>
-        public NVector3 TransformPosition(NVector3 position) => transformPosition(position);
-
-        /// <summary>The direction <paramref name="direction"/> turned by this matrix (no translation), as a new vector.</summary>
-        /// <exception cref="ArgumentNullException"><paramref name="direction"/> is null.</exception>
-        public NVector3 TransformDirection(NVector3 direction) => transformDirection(direction);
-
-        /// <summary>
-        /// The position <paramref name="position"/> moved by this matrix, computed
-        /// natively; nothing is left to dispose.
-        /// </summary>
-        public Numerics.Vector3 TransformPosition(Numerics.Vector3 position) =>
-            NativeResult.Apply(getCPtr(this), this, position, velarionPINVOKE.Matrix4x4TransformPosition);
-
-        /// <summary>
-        /// The direction <paramref name="direction"/> turned by this matrix (no
-        /// translation), computed natively; nothing is left to dispose.
-        /// </summary>
-        public Numerics.Vector3 TransformDirection(Numerics.Vector3 direction) =>
-            NativeResult.Apply(getCPtr(this), this, direction, velarionPINVOKE.Matrix4x4TransformDirection);
-
-        /// <summary>This matrix in <see cref="Numerics.Matrix4x4"/>'s row-vector convention (transposed, rounded to float).</summary>
-        public Numerics.Matrix4x4 ToNumerics()
+        /// <returns>The determinant.</returns>
+        public readonly unsafe double Determinant()
         {
-            double[] e = element;
-            return new Numerics.Matrix4x4(
-                (float)e[0], (float)e[4], (float)e[8], (float)e[12],
-                (float)e[1], (float)e[5], (float)e[9], (float)e[13],
-                (float)e[2], (float)e[6], (float)e[10], (float)e[14],
-                (float)e[3], (float)e[7], (float)e[11], (float)e[15]);
+            Matrix4x4 self = this;
+            return GeometryImports.Matrix4x4Determinant(&self);
         }
 
-        /// <summary>A new matrix from <paramref name="value"/> in <see cref="Numerics.Matrix4x4"/>'s row-vector convention (transposed).</summary>
+        /// <summary>The inverse; a singular matrix gives the zero matrix.</summary>
+        /// <returns>The inverse, or zero.</returns>
+        public readonly unsafe Matrix4x4 Inverse()
+        {
+            Matrix4x4 self = this;
+            return GeometryImports.Take(GeometryImports.Matrix4x4Inverse(&self));
+        }
+
+        /// <summary>The point <paramref name="position"/> mapped by the matrix (with its translation), as the device library maps it.</summary>
+        /// <param name="position">The point.</param>
+        /// <returns>M · (p, 1), without the projective division.</returns>
+        public readonly unsafe NVector3 TransformPosition(NVector3 position)
+        {
+            Matrix4x4 self = this;
+            return GeometryImports.Take(GeometryImports.Matrix4x4TransformPosition(&self, &position));
+        }
+
+        /// <summary>The direction <paramref name="direction"/> turned by the matrix (without its translation).</summary>
+        /// <param name="direction">The direction.</param>
+        /// <returns>M · (d, 0).</returns>
+        public readonly unsafe NVector3 TransformDirection(NVector3 direction)
+        {
+            Matrix4x4 self = this;
+            return GeometryImports.Take(GeometryImports.Matrix4x4TransformDirection(&self, &direction));
+        }
+
+        /// <summary>This matrix in <see cref="Numerics.Matrix4x4"/>'s row-vector convention: transposed, each element rounded to float.</summary>
+        /// <returns>The transposed matrix.</returns>
+        public readonly Numerics.Matrix4x4 ToNumerics() =>
+            new Numerics.Matrix4x4(
+                (float)M00, (float)M10, (float)M20, (float)M30,
+                (float)M01, (float)M11, (float)M21, (float)M31,
+                (float)M02, (float)M12, (float)M22, (float)M32,
+                (float)M03, (float)M13, (float)M23, (float)M33);
+
+        /// <summary>A matrix from <see cref="Numerics.Matrix4x4"/>'s row-vector convention (transposed).</summary>
+        /// <param name="value">The matrix in the row-vector convention.</param>
+        /// <returns>The same map in the column-vector convention.</returns>
         public static Matrix4x4 FromNumerics(Numerics.Matrix4x4 value) =>
             new Matrix4x4(
                 value.M11, value.M21, value.M31, value.M41,
@@ -122,74 +189,98 @@ namespace Velarion
                 value.M14, value.M24, value.M34, value.M44);
 
         /// <summary>This matrix in <see cref="Numerics.Matrix4x4"/>'s convention: see <see cref="ToNumerics"/>.</summary>
-        /// <exception cref="ArgumentNullException"><paramref name="value"/> is null.</exception>
-        public static explicit operator Numerics.Matrix4x4(Matrix4x4 value) =>
-            value?.ToNumerics() ?? throw new ArgumentNullException(nameof(value));
+        /// <param name="value">The matrix.</param>
+        /// <returns>The transposed matrix, rounded to float.</returns>
+        public static explicit operator Numerics.Matrix4x4(Matrix4x4 value) => value.ToNumerics();
 
-        /// <summary>A new matrix from <see cref="Numerics.Matrix4x4"/>'s convention: see <see cref="FromNumerics"/>.</summary>
+        /// <summary>A matrix from <see cref="Numerics.Matrix4x4"/>'s convention: see <see cref="FromNumerics"/>.</summary>
+        /// <param name="value">The matrix in the row-vector convention.</param>
+        /// <returns>The transposed matrix.</returns>
         public static explicit operator Matrix4x4(Numerics.Matrix4x4 value) => FromNumerics(value);
 
-        /// <summary>The element-wise sum, as a new matrix.</summary>
-        /// <exception cref="ArgumentNullException">An operand is null.</exception>
-        public static Matrix4x4 operator +(Matrix4x4 a, Matrix4x4 b) => Operand(a).operator_plus(b);
+        /// <summary>The element-wise sum.</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>a + b.</returns>
+        public static unsafe Matrix4x4 operator +(Matrix4x4 a, Matrix4x4 b) => GeometryImports.Take(GeometryImports.Matrix4x4Add(&a, &b));
 
-        /// <summary>The element-wise difference, as a new matrix.</summary>
-        /// <exception cref="ArgumentNullException">An operand is null.</exception>
-        public static Matrix4x4 operator -(Matrix4x4 a, Matrix4x4 b) => Operand(a).operator_minus(b);
+        /// <summary>The element-wise difference.</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>a − b.</returns>
+        public static unsafe Matrix4x4 operator -(Matrix4x4 a, Matrix4x4 b) =>
+            GeometryImports.Take(GeometryImports.Matrix4x4Subtract(&a, &b));
 
-        /// <summary>A copy, as a new matrix.</summary>
-        public static Matrix4x4 operator +(Matrix4x4 a) => Operand(a).operator_plus();
+        /// <summary>Every element negated.</summary>
+        /// <param name="a">The operand.</param>
+        /// <returns>−a.</returns>
+        public static unsafe Matrix4x4 operator -(Matrix4x4 a) => GeometryImports.Take(GeometryImports.Matrix4x4Negate(&a));
 
-        /// <summary>The negation (every sign flipped), as a new matrix.</summary>
-        public static Matrix4x4 operator -(Matrix4x4 a) => Operand(a).operator_minus();
+        /// <summary>The matrix product (b applied first).</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>a · b.</returns>
+        public static unsafe Matrix4x4 operator *(Matrix4x4 a, Matrix4x4 b) =>
+            GeometryImports.Take(GeometryImports.Matrix4x4Multiply(&a, &b));
 
-        /// <summary>The product a · b (apply b, then a), as a new matrix.</summary>
-        /// <exception cref="ArgumentNullException">An operand is null.</exception>
-        public static Matrix4x4 operator *(Matrix4x4 a, Matrix4x4 b) => Operand(a).operator_multiply(b);
+        /// <summary>Every element times <paramref name="s"/>.</summary>
+        /// <param name="m">The matrix.</param>
+        /// <param name="s">The factor.</param>
+        /// <returns>m · s.</returns>
+        public static unsafe Matrix4x4 operator *(Matrix4x4 m, double s) => GeometryImports.Take(GeometryImports.Matrix4x4Scale(&m, s));
 
-        /// <summary>Every element times <paramref name="s"/>, as a new matrix.</summary>
-        public static Matrix4x4 operator *(Matrix4x4 m, double s) => Operand(m).operator_multiply(s);
+        /// <summary>Every element times <paramref name="s"/>.</summary>
+        /// <param name="s">The factor.</param>
+        /// <param name="m">The matrix.</param>
+        /// <returns>s · m.</returns>
+        public static unsafe Matrix4x4 operator *(double s, Matrix4x4 m) => GeometryImports.Take(GeometryImports.Matrix4x4Scale(&m, s));
 
-        /// <summary>Every element times <paramref name="s"/>, as a new matrix.</summary>
-        public static Matrix4x4 operator *(double s, Matrix4x4 m) => Operand(m).operator_multiply(s);
+        /// <summary>Every element divided by <paramref name="s"/>.</summary>
+        /// <param name="m">The matrix.</param>
+        /// <param name="s">The divisor.</param>
+        /// <returns>m / s.</returns>
+        public static unsafe Matrix4x4 operator /(Matrix4x4 m, double s) => GeometryImports.Take(GeometryImports.Matrix4x4Divide(&m, s));
 
-        /// <summary>Every element times 1 / <paramref name="s"/>, as a new matrix.</summary>
-        public static Matrix4x4 operator /(Matrix4x4 m, double s) => Operand(m).operator_divide(s);
-
-        /// <summary>
-        /// Whether all sixteen elements are equal (IEEE: NaN equals nothing).
-        /// Two nulls are equal; a null and a matrix are not.
-        /// </summary>
-        public static bool operator ==(Matrix4x4 a, Matrix4x4 b) =>
-            a is null ? b is null : !(b is null) && Matrix3x3.IeeeEqual(a.element, b.element);
+        /// <summary>Whether every element compares equal (0 equals −0; NaN equals nothing).</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>true when equal.</returns>
+        public static unsafe bool operator ==(Matrix4x4 a, Matrix4x4 b) => Elements.Equal((double*)&a, (double*)&b, 16, ieee: true);
 
         /// <summary>The negation of <c>==</c>.</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>true when an element differs.</returns>
         public static bool operator !=(Matrix4x4 a, Matrix4x4 b) => !(a == b);
 
-        /// <summary>Whether <paramref name="other"/> holds the same elements; NaN equals NaN here.</summary>
-        public bool Equals(Matrix4x4 other) => !(other is null) && Matrix3x3.Same(element, other.element);
-
-        /// <summary>Whether <paramref name="obj"/> is a <see cref="Matrix4x4"/> with the same elements.</summary>
-        public override bool Equals(object obj) => Equals(obj as Matrix4x4);
-
-        /// <summary>A hash of the elements, consistent with <see cref="Equals(Matrix4x4)"/>.</summary>
-        public override int GetHashCode() => Matrix3x3.Hash(element);
-
-        /// <summary>
-        /// The device library's text form: the elements row by row with six
-        /// significant digits, separated by spaces, rows by "\n"; for the
-        /// identity "1 0 0 0\n0 1 0 0\n0 0 1 0\n0 0 0 1".
-        /// </summary>
-        public override string ToString() => toString();
-
-        private static int Index(int row, int column)
+        /// <summary>Whether <paramref name="other"/> holds the same elements (NaN equals NaN here).</summary>
+        /// <param name="other">The matrix to compare with.</param>
+        /// <returns>true when equal.</returns>
+        public readonly unsafe bool Equals(Matrix4x4 other)
         {
-            if ((uint)row >= 4) throw new ArgumentOutOfRangeException(nameof(row));
-            if ((uint)column >= 4) throw new ArgumentOutOfRangeException(nameof(column));
-            return 4 * row + column;
+            Matrix4x4 self = this;
+            return Elements.Equal((double*)&self, (double*)&other, 16, ieee: false);
         }
 
-        private static Matrix4x4 Operand(Matrix4x4 value) =>
-            value ?? throw new ArgumentNullException(nameof(value), "Velarion::Matrix4x4 const & type is null");
+        /// <summary>Whether <paramref name="obj"/> is a <see cref="Matrix4x4"/> with the same elements.</summary>
+        /// <param name="obj">The object to compare with.</param>
+        /// <returns>true when equal.</returns>
+        public override readonly bool Equals(object? obj) => obj is Matrix4x4 other && Equals(other);
+
+        /// <summary>A hash consistent with <see cref="Equals(Matrix4x4)"/>.</summary>
+        /// <returns>The hash.</returns>
+        public override readonly unsafe int GetHashCode()
+        {
+            Matrix4x4 self = this;
+            return Elements.Hash((double*)&self, 16);
+        }
+
+        /// <summary>The device library's text of the matrix.</summary>
+        /// <returns>The text.</returns>
+        public override readonly unsafe string ToString()
+        {
+            Matrix4x4 self = this;
+            return GeometryImports.TakeText(GeometryImports.Matrix4x4ToString(&self));
+        }
     }
 }

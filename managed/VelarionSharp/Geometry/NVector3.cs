@@ -1,159 +1,199 @@
 using System;
 using System.Globalization;
+using System.Runtime.InteropServices;
+using Velarion.Interop;
 using Numerics = System.Numerics;
 
 namespace Velarion
 {
     /// <summary>
     /// A point or direction in 3-D space with single-precision components,
-    /// kept natively (the device library's <c>Vector3</c>). Positions are in
-    /// metres. An instance is either owned (made with <c>new</c> or returned by
-    /// an operation: dispose it when done) or borrowed (a <see cref="Transform"/>'s
-    /// <see cref="Transform.Origin"/>, a control point's position): a borrowed
-    /// vector reads and writes its owner's storage.
+    /// laid out as the device library's <c>Vector3</c> (three floats). Positions
+    /// are in metres.
     /// </summary>
     /// <remarks>
-    /// Every operation returning a vector allocates a new native one; for
-    /// arithmetic in bulk convert once with <see cref="ToNumerics"/> and work on
-    /// <see cref="Numerics.Vector3"/>, which has the same components and
-    /// conventions.
+    /// A plain value: copying it copies the components, and nothing needs
+    /// disposing. It converts implicitly to and from
+    /// <see cref="Numerics.Vector3"/>, which has the same layout, so every member
+    /// taking an <see cref="NVector3"/> also takes a <see cref="Numerics.Vector3"/>.
+    /// The operations are the device library's own (computed by it, bit for bit);
+    /// where they differ from <see cref="Numerics.Vector3"/>: <see cref="Normalize"/>
+    /// of the zero vector is the zero vector (not NaN).
     /// </remarks>
-    public partial class NVector3 : IEquatable<NVector3>, IFormattable
+    [StructLayout(LayoutKind.Sequential)]
+    public struct NVector3 : IEquatable<NVector3>, IFormattable
     {
         /// <summary>The first component.</summary>
-        public float X { get => x; set => x = value; }
+        public float X;
 
         /// <summary>The second component.</summary>
-        public float Y { get => y; set => y = value; }
+        public float Y;
 
         /// <summary>The third component.</summary>
-        public float Z { get => z; set => z = value; }
+        public float Z;
+
+        /// <summary>The vector (<paramref name="x"/>, <paramref name="y"/>, <paramref name="z"/>).</summary>
+        /// <param name="x">The first component.</param>
+        /// <param name="y">The second component.</param>
+        /// <param name="z">The third component.</param>
+        public NVector3(float x, float y, float z)
+        {
+            X = x;
+            Y = y;
+            Z = z;
+        }
+
+        /// <summary>The zero vector.</summary>
+        public static NVector3 Zero => default;
 
         /// <summary>The Euclidean length, in single precision.</summary>
-        public float Length() => length();
+        /// <returns>The length.</returns>
+        public readonly unsafe float Length()
+        {
+            NVector3 self = this;
+            return GeometryImports.VectorLength(&self);
+        }
 
         /// <summary>The dot product with <paramref name="other"/>.</summary>
-        /// <exception cref="ArgumentNullException"><paramref name="other"/> is null.</exception>
-        public float Dot(NVector3 other) => dot(other);
+        /// <param name="other">The other vector.</param>
+        /// <returns>x·x' + y·y' + z·z', summed in that order.</returns>
+        public readonly unsafe float Dot(NVector3 other)
+        {
+            NVector3 self = this;
+            return GeometryImports.VectorDot(&self, &other);
+        }
 
-        /// <summary>The right-handed cross product this × <paramref name="other"/>, as a new vector.</summary>
-        /// <exception cref="ArgumentNullException"><paramref name="other"/> is null.</exception>
-        public NVector3 Cross(NVector3 other) => cross(other);
+        /// <summary>The right-handed cross product this × <paramref name="other"/>.</summary>
+        /// <param name="other">The right operand.</param>
+        /// <returns>The cross product.</returns>
+        public readonly unsafe NVector3 Cross(NVector3 other)
+        {
+            NVector3 self = this;
+            return GeometryImports.Take(GeometryImports.VectorCross(&self, &other));
+        }
 
         /// <summary>
-        /// A new unit vector in the same direction; the zero vector (and one
-        /// with a NaN length) gives the zero vector. This vector is unchanged.
+        /// The unit vector in the same direction. Unlike
+        /// <see cref="Numerics.Vector3.Normalize(Numerics.Vector3)"/>, a vector whose
+        /// single-precision length is 0 (or NaN) gives the zero vector.
         /// </summary>
-        public NVector3 Normalize() => normalize();
-
-        /// <summary>The components as a <see cref="Numerics.Vector3"/>.</summary>
-        public Numerics.Vector3 ToNumerics() => new Numerics.Vector3(x, y, z);
-
-        /// <summary>A new vector with the components of <paramref name="value"/>.</summary>
-        public static NVector3 FromNumerics(Numerics.Vector3 value) => new NVector3(value.X, value.Y, value.Z);
+        /// <returns>The unit vector, or the zero vector.</returns>
+        public readonly unsafe NVector3 Normalize()
+        {
+            NVector3 self = this;
+            return GeometryImports.Take(GeometryImports.VectorNormalize(&self));
+        }
 
         /// <summary>The components, for deconstruction: <c>var (x, y, z) = v;</c></summary>
-        public void Deconstruct(out float x, out float y, out float z)
+        /// <param name="x">The first component.</param>
+        /// <param name="y">The second component.</param>
+        /// <param name="z">The third component.</param>
+        public readonly void Deconstruct(out float x, out float y, out float z)
         {
-            x = this.x;
-            y = this.y;
-            z = this.z;
+            x = X;
+            y = Y;
+            z = Z;
         }
 
-        /// <summary>The components as a <see cref="Numerics.Vector3"/>.</summary>
-        /// <exception cref="ArgumentNullException"><paramref name="value"/> is null.</exception>
-        public static explicit operator Numerics.Vector3(NVector3 value) =>
-            value?.ToNumerics() ?? throw new ArgumentNullException(nameof(value));
+        /// <summary>The same components as a <see cref="Numerics.Vector3"/>; costs nothing.</summary>
+        /// <param name="value">The vector.</param>
+        /// <returns>The same vector.</returns>
+        public static implicit operator Numerics.Vector3(NVector3 value) => new Numerics.Vector3(value.X, value.Y, value.Z);
 
-        /// <summary>A new vector with the components of <paramref name="value"/>.</summary>
-        public static explicit operator NVector3(Numerics.Vector3 value) => FromNumerics(value);
+        /// <summary>The same components as an <see cref="NVector3"/>; costs nothing.</summary>
+        /// <param name="value">The vector.</param>
+        /// <returns>The same vector.</returns>
+        public static implicit operator NVector3(Numerics.Vector3 value) => new NVector3(value.X, value.Y, value.Z);
 
-        /// <summary>The sum, as a new vector.</summary>
-        /// <exception cref="ArgumentNullException">An operand is null.</exception>
-        public static NVector3 operator +(NVector3 a, NVector3 b) => Operand(a).operator_plus(b);
+        /// <summary>The sum, computed by the device library.</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>a + b.</returns>
+        public static unsafe NVector3 operator +(NVector3 a, NVector3 b) => GeometryImports.Take(GeometryImports.VectorAdd(&a, &b));
 
-        /// <summary>The difference, as a new vector.</summary>
-        /// <exception cref="ArgumentNullException">An operand is null.</exception>
-        public static NVector3 operator -(NVector3 a, NVector3 b) => Operand(a).operator_minus(b);
+        /// <summary>The difference, computed by the device library.</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>a − b.</returns>
+        public static unsafe NVector3 operator -(NVector3 a, NVector3 b) => GeometryImports.Take(GeometryImports.VectorSubtract(&a, &b));
 
-        /// <summary>A copy, as a new vector.</summary>
-        public static NVector3 operator +(NVector3 a) => Operand(a).operator_plus();
+        /// <summary>The negation: every sign flipped, so zeros become negative zeros.</summary>
+        /// <param name="a">The operand.</param>
+        /// <returns>−a.</returns>
+        public static unsafe NVector3 operator -(NVector3 a) => GeometryImports.Take(GeometryImports.VectorNegate(&a));
 
-        /// <summary>The negation (every sign flipped, so zeros become negative zeros), as a new vector.</summary>
-        public static NVector3 operator -(NVector3 a) => Operand(a).operator_minus();
+        /// <summary>Every component times <paramref name="s"/>.</summary>
+        /// <param name="a">The vector.</param>
+        /// <param name="s">The factor.</param>
+        /// <returns>a · s.</returns>
+        public static unsafe NVector3 operator *(NVector3 a, float s) => GeometryImports.Take(GeometryImports.VectorMultiply(&a, s));
 
-        /// <summary>Every component times <paramref name="s"/>, as a new vector.</summary>
-        public static NVector3 operator *(NVector3 a, float s) => Operand(a).operator_multiply(s);
-
-        /// <summary>Every component times <paramref name="s"/>, as a new vector.</summary>
-        public static NVector3 operator *(float s, NVector3 a) => Operand(a).operator_multiply(s);
+        /// <summary>Every component times <paramref name="s"/>.</summary>
+        /// <param name="s">The factor.</param>
+        /// <param name="a">The vector.</param>
+        /// <returns>s · a.</returns>
+        public static unsafe NVector3 operator *(float s, NVector3 a) => GeometryImports.Take(GeometryImports.VectorMultiply(&a, s));
 
         /// <summary>
-        /// Every component times 1 / <paramref name="s"/>, as a new vector; 0
-        /// gives infinities (NaN for zero components).
+        /// Every component times 1 / <paramref name="s"/>, as the device library
+        /// divides (so 0 gives infinities, and NaN for zero components).
         /// </summary>
-        public static NVector3 operator /(NVector3 a, float s) => Operand(a).operator_divide(s);
+        /// <param name="a">The vector.</param>
+        /// <param name="s">The divisor.</param>
+        /// <returns>a · (1 / s).</returns>
+        public static unsafe NVector3 operator /(NVector3 a, float s) => GeometryImports.Take(GeometryImports.VectorDivide(&a, s));
 
         /// <summary>
-        /// Whether the components are equal, compared exactly as the device
-        /// library compares them: 0 equals -0, and a NaN component makes the
-        /// vectors unequal. Two nulls are equal; a null and a vector are not.
+        /// Whether the components are equal, compared as the device library
+        /// compares them: 0 equals −0, and a NaN component makes them unequal.
         /// </summary>
-        public static bool operator ==(NVector3 a, NVector3 b)
-        {
-            if (a is null) return b is null;
-            return !(b is null) && velarion.operator_equals(a, b);
-        }
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>true when every component compares equal.</returns>
+        public static bool operator ==(NVector3 a, NVector3 b) => a.X == b.X && a.Y == b.Y && a.Z == b.Z;
 
         /// <summary>The negation of <c>==</c>.</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>true when a component differs.</returns>
         public static bool operator !=(NVector3 a, NVector3 b) => !(a == b);
 
         /// <summary>
         /// Whether <paramref name="other"/> holds the same components. Unlike
-        /// <c>==</c>, NaN equals NaN here, so that a vector always equals itself
-        /// (as <see cref="float.Equals(float)"/> has it).
+        /// <c>==</c>, NaN equals NaN, so that a value always equals itself (as
+        /// <see cref="float.Equals(float)"/> has it).
         /// </summary>
-        /// <remarks>The vector is mutable: do not change one while it is a key in a hash table.</remarks>
-        public bool Equals(NVector3 other) =>
-            !(other is null) && x.Equals(other.x) && y.Equals(other.y) && z.Equals(other.z);
+        /// <param name="other">The vector to compare with.</param>
+        /// <returns>true when equal.</returns>
+        public readonly bool Equals(NVector3 other) => X.Equals(other.X) && Y.Equals(other.Y) && Z.Equals(other.Z);
 
         /// <summary>Whether <paramref name="obj"/> is an <see cref="NVector3"/> with the same components.</summary>
-        public override bool Equals(object obj) => Equals(obj as NVector3);
+        /// <param name="obj">The object to compare with.</param>
+        /// <returns>true when equal.</returns>
+        public override readonly bool Equals(object? obj) => obj is NVector3 other && Equals(other);
 
         /// <summary>A hash of the components, consistent with <see cref="Equals(NVector3)"/>.</summary>
-        public override int GetHashCode() => HashCode.Combine(x, y, z);
+        /// <returns>The hash.</returns>
+        public override readonly int GetHashCode() => HashCode.Combine(X, Y, Z);
 
         /// <summary>The components as "(x, y, z)", in the invariant culture and round-trip precision.</summary>
-        public override string ToString() => Text.Tuple(x, y, z);
+        /// <returns>The text.</returns>
+        public override readonly string ToString() => Text.Tuple(null, CultureInfo.InvariantCulture, X, Y, Z);
 
-        /// <summary>
-        /// The components as "(x, y, z)", each formatted with <paramref name="format"/>
-        /// (a <see cref="float"/> format such as "0.###") and <paramref name="formatProvider"/>
-        /// (the current culture when null, as for any .NET number).
-        /// </summary>
-        public string ToString(string format, IFormatProvider formatProvider) =>
-            Text.Tuple(format, formatProvider, x, y, z);
-
-        // A null left operand is reported as the native side reports a null right one.
-        private static NVector3 Operand(NVector3 value) =>
-            value ?? throw new ArgumentNullException(nameof(value), "Velarion::Vector3 const & type is null");
+        /// <summary>The components as "(x, y, z)", each formatted as a <see cref="float"/>.</summary>
+        /// <param name="format">A number format such as "0.###", or null.</param>
+        /// <param name="formatProvider">The culture; the current culture when null.</param>
+        /// <returns>The text.</returns>
+        public readonly string ToString(string? format, IFormatProvider? formatProvider) =>
+            Text.Tuple(format, formatProvider, X, Y, Z);
     }
 
     internal static class Text
     {
-        internal static string Tuple(params float[] values) => Tuple(null, CultureInfo.InvariantCulture, values);
-
-        internal static string Tuple(string format, IFormatProvider provider, params float[] values)
+        internal static string Tuple(string? format, IFormatProvider? provider, params float[] values)
         {
             var parts = new string[values.Length];
             for (int i = 0; i < values.Length; ++i) parts[i] = values[i].ToString(format, provider);
-            return "(" + string.Join(", ", parts) + ")";
-        }
-
-        internal static string Tuple(params double[] values)
-        {
-            var parts = new string[values.Length];
-            for (int i = 0; i < values.Length; ++i) parts[i] = values[i].ToString(CultureInfo.InvariantCulture);
             return "(" + string.Join(", ", parts) + ")";
         }
     }

@@ -1,4 +1,7 @@
 using System;
+using System.Globalization;
+using System.Runtime.InteropServices;
+using Velarion.Interop;
 using Numerics = System.Numerics;
 
 namespace Velarion
@@ -25,136 +28,196 @@ namespace Velarion
     }
 
     /// <summary>
-    /// A single-precision quaternion x i + y j + z k + w, scalar last, kept
-    /// natively; the default is the identity rotation. Nothing normalises it.
-    /// Owned: dispose it when done. Its components and products match
-    /// <see cref="Numerics.Quaternion"/> (Hamilton product, a · b applies b first).
+    /// A single-precision quaternion x i + y j + z k + w, scalar last, laid out
+    /// as the device library's <c>Quaternion</c>. Nothing normalises it.
     /// </summary>
     /// <remarks>
-    /// There is no <c>+</c>: the device library's quaternion sum returns its
-    /// right operand, which a C# operator would hide. Add component-wise on
-    /// <see cref="ToNumerics"/> instead.
+    /// A plain value that converts implicitly to and from
+    /// <see cref="Numerics.Quaternion"/> (same components, same Hamilton product:
+    /// a · b applies b first). <c>new Quaternion()</c> is the identity, as the
+    /// device library's default; <c>default(Quaternion)</c> is all zeros. There
+    /// is no <c>+</c>: the device library's quaternion sum returns its right
+    /// operand, which an operator would hide.
     /// </remarks>
-    public partial class Quaternion : IEquatable<Quaternion>, IFormattable
+    [StructLayout(LayoutKind.Sequential)]
+    public struct Quaternion : IEquatable<Quaternion>, IFormattable
     {
-        /// <summary>The first imaginary component (i).</summary>
-        public float X => x();
+        /// <summary>The i component.</summary>
+        public float X;
 
-        /// <summary>The second imaginary component (j).</summary>
-        public float Y => y();
+        /// <summary>The j component.</summary>
+        public float Y;
 
-        /// <summary>The third imaginary component (k).</summary>
-        public float Z => z();
+        /// <summary>The k component.</summary>
+        public float Z;
 
-        /// <summary>The real (scalar) component.</summary>
-        public float W => w();
+        /// <summary>The scalar component.</summary>
+        public float W;
 
-        /// <summary>The length, sqrt(x² + y² + z² + w²).</summary>
-        public float Length() => length();
-
-        /// <summary>The squared length, x² + y² + z² + w².</summary>
-        public float LengthSquared() => length2();
-
-        /// <summary>The four-component dot product with <paramref name="other"/>.</summary>
-        /// <exception cref="ArgumentNullException"><paramref name="other"/> is null.</exception>
-        public float Dot(Quaternion other) => dot(other);
-
-        /// <summary>The conjugate divided by the squared length, as a new quaternion (NaN components for zero).</summary>
-        public Quaternion Inverse() => inverse();
-
-        /// <summary>
-        /// A new rotation from three angles in radians, the elementary
-        /// rotations multiplied in <paramref name="order"/>. An undefined order
-        /// gives the identity.
-        /// </summary>
-        public static Quaternion FromEuler(float angleX, float angleY, float angleZ, EulerOrder order) =>
-            fromEuler(angleX, angleY, angleZ, (int)order);
-
-        /// <summary>
-        /// Overwrites this quaternion with <see cref="FromEuler"/>'s rotation;
-        /// an undefined order leaves it unchanged.
-        /// </summary>
-        public void SetEuler(float angleX, float angleY, float angleZ, EulerOrder order) =>
-            setEuler(angleX, angleY, angleZ, (int)order);
-
-        /// <summary>
-        /// A new rotation by <paramref name="angle"/> radians about
-        /// <paramref name="axis"/> (normalised here; a zero axis gives NaN
-        /// components).
-        /// </summary>
-        /// <exception cref="ArgumentNullException"><paramref name="axis"/> is null.</exception>
-        public static Quaternion FromRotation(NVector3 axis, float angle) => fromRotation(axis, angle);
-
-        /// <summary>Overwrites this quaternion with <see cref="FromRotation"/>'s rotation.</summary>
-        /// <exception cref="ArgumentNullException"><paramref name="axis"/> is null (this quaternion is unchanged).</exception>
-        public void SetRotation(NVector3 axis, float angle) => setRotation(axis, angle);
-
-        /// <summary>The components as a <see cref="Numerics.Quaternion"/> (same order, scalar last).</summary>
-        public Numerics.Quaternion ToNumerics() => new Numerics.Quaternion(x(), y(), z(), w());
-
-        /// <summary>A new quaternion with the components of <paramref name="value"/>.</summary>
-        public static Quaternion FromNumerics(Numerics.Quaternion value) =>
-            new Quaternion(value.X, value.Y, value.Z, value.W);
-
-        /// <summary>The components as a <see cref="Numerics.Quaternion"/>.</summary>
-        /// <exception cref="ArgumentNullException"><paramref name="value"/> is null.</exception>
-        public static explicit operator Numerics.Quaternion(Quaternion value) =>
-            value?.ToNumerics() ?? throw new ArgumentNullException(nameof(value));
-
-        /// <summary>A new quaternion with the components of <paramref name="value"/>.</summary>
-        public static explicit operator Quaternion(Numerics.Quaternion value) => FromNumerics(value);
-
-        /// <summary>The Hamilton product a · b (the rotation b, then a), as a new quaternion.</summary>
-        /// <exception cref="ArgumentNullException">An operand is null.</exception>
-        public static Quaternion operator *(Quaternion a, Quaternion b) => velarion.operator_multiply(a, b);
-
-        /// <summary>Every component times <paramref name="s"/>, as a new quaternion.</summary>
-        public static Quaternion operator *(Quaternion q, float s) => velarion.operator_multiply(q, s);
-
-        /// <summary>Every component times <paramref name="s"/>, as a new quaternion.</summary>
-        public static Quaternion operator *(float s, Quaternion q) => velarion.operator_multiply(s, q);
-
-        /// <summary>Every component times 1 / <paramref name="s"/>, as a new quaternion.</summary>
-        public static Quaternion operator /(Quaternion q, float s) => velarion.operator_divide(q, s);
-
-        /// <summary>The component-wise difference, as a new quaternion.</summary>
-        public static Quaternion operator -(Quaternion a, Quaternion b) => velarion.operator_minus(a, b);
-
-        /// <summary>The negation (every sign flipped), as a new quaternion.</summary>
-        public static Quaternion operator -(Quaternion q) =>
-            (q ?? throw new ArgumentNullException(nameof(q), "Attempt to dereference null Velarion::Quaternion")).operator_minus();
-
-        /// <summary>
-        /// Whether the components are equal (IEEE: 0 equals -0, NaN equals
-        /// nothing). Two nulls are equal; a null and a quaternion are not.
-        /// </summary>
-        public static bool operator ==(Quaternion a, Quaternion b)
+        /// <summary>The identity rotation (0, 0, 0, 1).</summary>
+        public Quaternion()
         {
-            if (a is null) return b is null;
-            return !(b is null) && a.x() == b.x() && a.y() == b.y() && a.z() == b.z() && a.w() == b.w();
+            X = 0;
+            Y = 0;
+            Z = 0;
+            W = 1;
         }
 
+        /// <summary>The quaternion <paramref name="x"/> i + <paramref name="y"/> j + <paramref name="z"/> k + <paramref name="w"/>.</summary>
+        /// <param name="x">The i component.</param>
+        /// <param name="y">The j component.</param>
+        /// <param name="z">The k component.</param>
+        /// <param name="w">The scalar component.</param>
+        public Quaternion(float x, float y, float z, float w)
+        {
+            X = x;
+            Y = y;
+            Z = z;
+            W = w;
+        }
+
+        /// <summary>The identity rotation (0, 0, 0, 1).</summary>
+        public static Quaternion Identity => new Quaternion(0, 0, 0, 1);
+
+        /// <summary>The length, in single precision.</summary>
+        /// <returns>√(x² + y² + z² + w²).</returns>
+        public readonly unsafe float Length()
+        {
+            Quaternion self = this;
+            return GeometryImports.QuaternionLength(&self);
+        }
+
+        /// <summary>The squared length.</summary>
+        /// <returns>x² + y² + z² + w².</returns>
+        public readonly unsafe float LengthSquared()
+        {
+            Quaternion self = this;
+            return GeometryImports.QuaternionLengthSquared(&self);
+        }
+
+        /// <summary>The four-component dot product with <paramref name="other"/>.</summary>
+        /// <param name="other">The other quaternion.</param>
+        /// <returns>The dot product.</returns>
+        public readonly unsafe float Dot(Quaternion other)
+        {
+            Quaternion self = this;
+            return GeometryImports.QuaternionDot(&self, &other);
+        }
+
+        /// <summary>The inverse: the conjugate over the squared length.</summary>
+        /// <returns>The inverse.</returns>
+        public readonly unsafe Quaternion Inverse()
+        {
+            Quaternion self = this;
+            return GeometryImports.Take(GeometryImports.QuaternionInverse(&self));
+        }
+
+        /// <summary>The rotation by three angles about X, Y and Z, combined in <paramref name="order"/>.</summary>
+        /// <param name="angleX">The angle about X, in radians.</param>
+        /// <param name="angleY">The angle about Y, in radians.</param>
+        /// <param name="angleZ">The angle about Z, in radians.</param>
+        /// <param name="order">The order of the product.</param>
+        /// <returns>The rotation.</returns>
+        /// <exception cref="ArgumentOutOfRangeException"><paramref name="order"/> is not an <see cref="EulerOrder"/>.</exception>
+        public static unsafe Quaternion FromEuler(float angleX, float angleY, float angleZ, EulerOrder order)
+        {
+            if (order < EulerOrder.XYZ || order > EulerOrder.ZYX)
+                throw new ArgumentOutOfRangeException(nameof(order), order, "must be an EulerOrder, from XYZ to ZYX");
+            return GeometryImports.Take(GeometryImports.QuaternionFromEuler(angleX, angleY, angleZ, (int)order));
+        }
+
+        /// <summary>The rotation by <paramref name="angle"/> about <paramref name="axis"/> (a unit vector; not normalised here).</summary>
+        /// <param name="axis">The axis.</param>
+        /// <param name="angle">The angle, in radians.</param>
+        /// <returns>The rotation.</returns>
+        public static unsafe Quaternion FromRotation(NVector3 axis, float angle) =>
+            GeometryImports.Take(GeometryImports.QuaternionFromRotation(&axis, angle));
+
+        /// <summary>The same components as a <see cref="Numerics.Quaternion"/>; costs nothing.</summary>
+        /// <param name="value">The quaternion.</param>
+        /// <returns>The same quaternion.</returns>
+        public static implicit operator Numerics.Quaternion(Quaternion value) =>
+            new Numerics.Quaternion(value.X, value.Y, value.Z, value.W);
+
+        /// <summary>The same components as a <see cref="Quaternion"/>; costs nothing.</summary>
+        /// <param name="value">The quaternion.</param>
+        /// <returns>The same quaternion.</returns>
+        public static implicit operator Quaternion(Numerics.Quaternion value) =>
+            new Quaternion(value.X, value.Y, value.Z, value.W);
+
+        /// <summary>The Hamilton product (b applied first).</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>a · b.</returns>
+        public static unsafe Quaternion operator *(Quaternion a, Quaternion b) =>
+            GeometryImports.Take(GeometryImports.QuaternionMultiply(&a, &b));
+
+        /// <summary>Every component times <paramref name="s"/>.</summary>
+        /// <param name="q">The quaternion.</param>
+        /// <param name="s">The factor.</param>
+        /// <returns>q · s.</returns>
+        public static unsafe Quaternion operator *(Quaternion q, float s) => GeometryImports.Take(GeometryImports.QuaternionScale(&q, s));
+
+        /// <summary>Every component times <paramref name="s"/>.</summary>
+        /// <param name="s">The factor.</param>
+        /// <param name="q">The quaternion.</param>
+        /// <returns>s · q.</returns>
+        public static unsafe Quaternion operator *(float s, Quaternion q) => GeometryImports.Take(GeometryImports.QuaternionScale(&q, s));
+
+        /// <summary>Every component times 1 / <paramref name="s"/>.</summary>
+        /// <param name="q">The quaternion.</param>
+        /// <param name="s">The divisor.</param>
+        /// <returns>q · (1 / s).</returns>
+        public static unsafe Quaternion operator /(Quaternion q, float s) => GeometryImports.Take(GeometryImports.QuaternionDivide(&q, s));
+
+        /// <summary>The component-wise difference.</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>a − b.</returns>
+        public static unsafe Quaternion operator -(Quaternion a, Quaternion b) =>
+            GeometryImports.Take(GeometryImports.QuaternionSubtract(&a, &b));
+
+        /// <summary>Every component negated.</summary>
+        /// <param name="q">The operand.</param>
+        /// <returns>−q.</returns>
+        public static unsafe Quaternion operator -(Quaternion q) => GeometryImports.Take(GeometryImports.QuaternionNegate(&q));
+
+        /// <summary>Whether every component compares equal (0 equals −0; NaN equals nothing).</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>true when equal.</returns>
+        public static bool operator ==(Quaternion a, Quaternion b) => a.X == b.X && a.Y == b.Y && a.Z == b.Z && a.W == b.W;
+
         /// <summary>The negation of <c>==</c>.</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>true when a component differs.</returns>
         public static bool operator !=(Quaternion a, Quaternion b) => !(a == b);
 
-        /// <summary>Whether <paramref name="other"/> holds the same components; NaN equals NaN here.</summary>
-        public bool Equals(Quaternion other) =>
-            !(other is null) && x().Equals(other.x()) && y().Equals(other.y()) && z().Equals(other.z()) && w().Equals(other.w());
+        /// <summary>Whether <paramref name="other"/> holds the same components (NaN equals NaN here).</summary>
+        /// <param name="other">The quaternion to compare with.</param>
+        /// <returns>true when equal.</returns>
+        public readonly bool Equals(Quaternion other) =>
+            X.Equals(other.X) && Y.Equals(other.Y) && Z.Equals(other.Z) && W.Equals(other.W);
 
         /// <summary>Whether <paramref name="obj"/> is a <see cref="Quaternion"/> with the same components.</summary>
-        public override bool Equals(object obj) => Equals(obj as Quaternion);
+        /// <param name="obj">The object to compare with.</param>
+        /// <returns>true when equal.</returns>
+        public override readonly bool Equals(object? obj) => obj is Quaternion other && Equals(other);
 
-        /// <summary>A hash of the components, consistent with <see cref="Equals(Quaternion)"/>.</summary>
-        public override int GetHashCode() => HashCode.Combine(x(), y(), z(), w());
+        /// <summary>A hash consistent with <see cref="Equals(Quaternion)"/>.</summary>
+        /// <returns>The hash.</returns>
+        public override readonly int GetHashCode() => HashCode.Combine(X, Y, Z, W);
 
         /// <summary>The components as "(x, y, z, w)", in the invariant culture.</summary>
-        public override string ToString() => Text.Tuple(x(), y(), z(), w());
+        /// <returns>The text.</returns>
+        public override readonly string ToString() => Text.Tuple(null, CultureInfo.InvariantCulture, X, Y, Z, W);
 
-        /// <summary>
-        /// The components as "(x, y, z, w)", each formatted with <paramref name="format"/>
-        /// and <paramref name="formatProvider"/> (the current culture when null, as for any .NET number).
-        /// </summary>
-        public string ToString(string format, IFormatProvider formatProvider) =>
-            Text.Tuple(format, formatProvider, x(), y(), z(), w());
+        /// <summary>The components as "(x, y, z, w)", each formatted as a <see cref="float"/>.</summary>
+        /// <param name="format">A number format, or null.</param>
+        /// <param name="formatProvider">The culture; the current culture when null.</param>
+        /// <returns>The text.</returns>
+        public readonly string ToString(string? format, IFormatProvider? formatProvider) =>
+            Text.Tuple(format, formatProvider, X, Y, Z, W);
     }
 }

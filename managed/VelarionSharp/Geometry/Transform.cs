@@ -1,52 +1,65 @@
 using System;
+using System.Runtime.InteropServices;
+using Velarion.Interop;
 using Numerics = System.Numerics;
 
 namespace Velarion
 {
     /// <summary>
-    /// A rigid transform kept natively: a basis (rotation, double precision)
-    /// and an origin (translation in metres, single precision), mapping a
-    /// point p to basis · p + origin. Devices are placed in the user's space
-    /// with it. The default is the identity. Owned: dispose it when done.
+    /// A rigid transform p ↦ <see cref="Basis"/> · p + <see cref="Origin"/>, laid
+    /// out as the device library's <c>Transform</c>; it places a device in an
+    /// emitter's space (device to emitter), lengths in metres.
     /// </summary>
     /// <remarks>
-    /// Operations that produce vectors round the basis to float and work in
-    /// single precision, as the device library does. <see cref="ToNumerics"/>
-    /// gives the same mapping as a <see cref="Numerics.Matrix4x4"/> in its
-    /// row-vector convention (see <see cref="Matrix4x4"/>).
+    /// A plain value: <c>new Transform()</c> and <see cref="Identity"/> are the
+    /// identity, as the device library's default; <c>default(Transform)</c> has
+    /// a zero basis. The basis should be a rotation: <see cref="Inverse"/>
+    /// relies on it. Vectors are mapped in single precision as the device
+    /// library maps them.
     /// </remarks>
-    public partial class Transform : IEquatable<Transform>
+    [StructLayout(LayoutKind.Sequential)]
+    public struct Transform : IEquatable<Transform>
     {
-        /// <summary>
-        /// The basis, borrowed: the matrix returned reads and writes this
-        /// transform's own storage and lives as long as it does. Setting copies
-        /// the matrix given.
-        /// </summary>
-        /// <exception cref="ArgumentNullException">Set to null.</exception>
-        public Matrix3x3 Basis { get => basis(); set => setBasis(value); }
+        /// <summary>The rotation part.</summary>
+        public Matrix3x3 Basis;
+
+        /// <summary>The translation part, in metres.</summary>
+        public NVector3 Origin;
+
+        /// <summary>The identity: identity basis, origin at zero.</summary>
+        public Transform()
+        {
+            Basis = Matrix3x3.Identity;
+            Origin = default;
+        }
+
+        /// <summary>The transform p ↦ <paramref name="basis"/> · p + <paramref name="origin"/>.</summary>
+        /// <param name="basis">The rotation part.</param>
+        /// <param name="origin">The translation part, in metres.</param>
+        public Transform(Matrix3x3 basis, NVector3 origin)
+        {
+            Basis = basis;
+            Origin = origin;
+        }
+
+        /// <summary>The identity: identity basis, origin at zero.</summary>
+        public static Transform Identity => new Transform();
+
+        /// <summary>The pure translation by <paramref name="offset"/>.</summary>
+        /// <param name="offset">The offset, in metres.</param>
+        /// <returns>The translation.</returns>
+        public static Transform CreateTranslation(NVector3 offset) => new Transform(Matrix3x3.Identity, offset);
 
         /// <summary>
-        /// The origin, borrowed: the vector returned reads and writes this
-        /// transform's own storage and lives as long as it does. Setting copies
-        /// the vector given.
+        /// The transform whose basis is the true rotation matrix of the unit
+        /// quaternion <paramref name="rotation"/> (as
+        /// <see cref="Numerics.Matrix4x4.CreateFromQuaternion"/> builds it), with
+        /// <paramref name="origin"/>.
         /// </summary>
-        /// <exception cref="ArgumentNullException">Set to null.</exception>
-        public NVector3 Origin { get => origin_internal(); set => setOrigin(value); }
-
-        /// <summary>A new pure translation by <paramref name="offset"/> (metres).</summary>
-        /// <exception cref="ArgumentNullException"><paramref name="offset"/> is null.</exception>
-        public static Transform Translation(NVector3 offset) => translation(offset);
-
-        /// <summary>A new pure translation by (<paramref name="x"/>, <paramref name="y"/>, <paramref name="z"/>) metres, each rounded to float.</summary>
-        public static Transform Translation(double x, double y, double z) => translation(x, y, z);
-
-        /// <summary>
-        /// A new transform with the true rotation matrix of the unit quaternion
-        /// <paramref name="rotation"/> as its basis (as
-        /// <see cref="Numerics.Matrix4x4.CreateFromQuaternion"/> builds it) and
-        /// <paramref name="origin"/> in metres.
-        /// </summary>
-        public static Transform FromRotation(Numerics.Quaternion rotation, Numerics.Vector3 origin)
+        /// <param name="rotation">A unit quaternion.</param>
+        /// <param name="origin">The translation part, in metres.</param>
+        /// <returns>The transform.</returns>
+        public static Transform FromRotation(Quaternion rotation, NVector3 origin)
         {
             Numerics.Matrix4x4 m = Numerics.Matrix4x4.CreateFromQuaternion(rotation);
             m.Translation = origin;
@@ -54,125 +67,126 @@ namespace Velarion
         }
 
         /// <summary>
-        /// The inverse, as a new transform: the transposed basis and
-        /// basisᵀ · (−origin). Valid for a rotation basis only; nothing checks it.
+        /// The device library's transform of a quaternion: its basis is
+        /// <see cref="Matrix3x3.FromQuaternion"/>, which is not a rotation matrix
+        /// (use <see cref="FromRotation"/> for that).
         /// </summary>
-        public Transform Inverse() => inverse();
+        /// <param name="rotation">The quaternion.</param>
+        /// <param name="origin">The translation part, in metres.</param>
+        /// <returns>The device library's transform.</returns>
+        public static unsafe Transform FromQuaternion(Quaternion rotation, NVector3 origin) =>
+            GeometryImports.Take(GeometryImports.TransformFromQuaternion(&rotation, &origin));
 
-        /// <summary>The point <paramref name="position"/> mapped by this transform, as a new vector.</summary>
-        /// <exception cref="ArgumentNullException"><paramref name="position"/> is null.</exception>
-        public NVector3 TransformPosition(NVector3 position) => transformPosition(position);
+        /// <summary>The inverse: the transposed basis and basisᵀ · (−origin). Valid for a rotation basis only.</summary>
+        /// <returns>The inverse.</returns>
+        public readonly unsafe Transform Inverse()
+        {
+            Transform self = this;
+            return GeometryImports.Take(GeometryImports.TransformInverse(&self));
+        }
 
-        /// <summary>The direction <paramref name="direction"/> turned by the basis (no origin), as a new vector.</summary>
-        /// <exception cref="ArgumentNullException"><paramref name="direction"/> is null.</exception>
-        public NVector3 TransformDirection(NVector3 direction) => transformDirection(direction);
+        /// <summary>The point <paramref name="position"/> mapped by this transform.</summary>
+        /// <param name="position">The point, in metres.</param>
+        /// <returns>basis · p + origin.</returns>
+        public readonly unsafe NVector3 TransformPosition(NVector3 position)
+        {
+            Transform self = this;
+            return GeometryImports.Take(GeometryImports.TransformPosition(&self, &position));
+        }
 
-        /// <summary>The point <paramref name="position"/> mapped by this transform, computed natively; nothing is left to dispose.</summary>
-        public Numerics.Vector3 TransformPosition(Numerics.Vector3 position) =>
-            NativeResult.Apply(getCPtr(this), this, position, velarionPINVOKE.TransformTransformPosition);
-
-        /// <summary>The direction <paramref name="direction"/> turned by the basis, computed natively; nothing is left to dispose.</summary>
-        public Numerics.Vector3 TransformDirection(Numerics.Vector3 direction) =>
-            NativeResult.Apply(getCPtr(this), this, direction, velarionPINVOKE.TransformTransformDirection);
+        /// <summary>The direction <paramref name="direction"/> turned by the basis (no origin).</summary>
+        /// <param name="direction">The direction.</param>
+        /// <returns>basis · d.</returns>
+        public readonly unsafe NVector3 TransformDirection(NVector3 direction)
+        {
+            Transform self = this;
+            return GeometryImports.Take(GeometryImports.TransformDirection(&self, &direction));
+        }
 
         /// <summary>
         /// This transform as a <see cref="Numerics.Matrix4x4"/> in its row-vector
         /// convention: the basis transposed into M11 to M33 (rounded to float),
         /// the origin in M41, M42, M43, and M44 = 1.
         /// </summary>
-        public Numerics.Matrix4x4 ToNumerics()
+        /// <returns>The matrix.</returns>
+        public readonly Numerics.Matrix4x4 ToNumerics()
         {
-            double[] b;
-            Numerics.Vector3 o;
-            using (Matrix3x3 basis = this.basis()) b = basis.element;
-            using (NVector3 origin = origin_internal()) o = origin.ToNumerics();
+            Matrix3x3 b = Basis;
             return new Numerics.Matrix4x4(
-                (float)b[0], (float)b[3], (float)b[6], 0f,
-                (float)b[1], (float)b[4], (float)b[7], 0f,
-                (float)b[2], (float)b[5], (float)b[8], 0f,
-                o.X, o.Y, o.Z, 1f);
+                (float)b.M00, (float)b.M10, (float)b.M20, 0f,
+                (float)b.M01, (float)b.M11, (float)b.M21, 0f,
+                (float)b.M02, (float)b.M12, (float)b.M22, 0f,
+                Origin.X, Origin.Y, Origin.Z, 1f);
         }
 
         /// <summary>
-        /// A new transform from an affine <see cref="Numerics.Matrix4x4"/> in its
+        /// A transform from an affine <see cref="Numerics.Matrix4x4"/> in its
         /// row-vector convention: the basis from M11 to M33 (transposed), the
-        /// origin from M41, M42, M43. The fourth column (projection) is ignored.
+        /// origin from M41, M42, M43; the fourth column is ignored.
         /// </summary>
-        public static Transform FromNumerics(Numerics.Matrix4x4 value)
-        {
-            using (var basis = new Matrix3x3(value.M11, value.M21, value.M31,
-                                             value.M12, value.M22, value.M32,
-                                             value.M13, value.M23, value.M33))
-            using (var origin = new NVector3(value.M41, value.M42, value.M43))
-            {
-                return new Transform(basis, origin);
-            }
-        }
+        /// <param name="value">The matrix.</param>
+        /// <returns>The transform.</returns>
+        public static Transform FromNumerics(Numerics.Matrix4x4 value) =>
+            new Transform(new Matrix3x3(value.M11, value.M21, value.M31,
+                                        value.M12, value.M22, value.M32,
+                                        value.M13, value.M23, value.M33),
+                          new NVector3(value.M41, value.M42, value.M43));
 
         /// <summary>This transform in <see cref="Numerics.Matrix4x4"/>'s convention: see <see cref="ToNumerics"/>.</summary>
-        /// <exception cref="ArgumentNullException"><paramref name="value"/> is null.</exception>
-        public static explicit operator Numerics.Matrix4x4(Transform value) =>
-            value?.ToNumerics() ?? throw new ArgumentNullException(nameof(value));
+        /// <param name="value">The transform.</param>
+        /// <returns>The matrix.</returns>
+        public static explicit operator Numerics.Matrix4x4(Transform value) => value.ToNumerics();
 
-        /// <summary>A new transform from <see cref="Numerics.Matrix4x4"/>'s convention: see <see cref="FromNumerics"/>.</summary>
+        /// <summary>A transform from <see cref="Numerics.Matrix4x4"/>'s convention: see <see cref="FromNumerics"/>.</summary>
+        /// <param name="value">The matrix.</param>
+        /// <returns>The transform.</returns>
         public static explicit operator Transform(Numerics.Matrix4x4 value) => FromNumerics(value);
 
-        /// <summary>The composition a · b (apply b, then a), as a new transform.</summary>
-        /// <exception cref="ArgumentNullException">An operand is null.</exception>
-        public static Transform operator *(Transform a, Transform b) => velarion.operator_multiply(a, b);
+        /// <summary>The composition: apply <paramref name="b"/>, then <paramref name="a"/>.</summary>
+        /// <param name="a">The transform applied second.</param>
+        /// <param name="b">The transform applied first.</param>
+        /// <returns>a ∘ b.</returns>
+        public static unsafe Transform operator *(Transform a, Transform b) =>
+            GeometryImports.Take(GeometryImports.TransformCompose(&a, &b));
 
-        /// <summary>The point <paramref name="position"/> mapped by <paramref name="t"/>, as a new vector.</summary>
-        /// <exception cref="ArgumentNullException">An operand is null.</exception>
-        public static NVector3 operator *(Transform t, NVector3 position) => velarion.operator_multiply(t, position);
+        /// <summary>The point <paramref name="position"/> mapped by <paramref name="t"/>, as <see cref="TransformPosition"/>.</summary>
+        /// <param name="t">The transform.</param>
+        /// <param name="position">The point.</param>
+        /// <returns>t(position).</returns>
+        public static NVector3 operator *(Transform t, NVector3 position) => t.TransformPosition(position);
 
-        /// <summary>
-        /// Whether basis and origin are equal element by element (IEEE: NaN
-        /// equals nothing). Two nulls are equal; a null and a transform are not.
-        /// </summary>
-        public static bool operator ==(Transform a, Transform b)
-        {
-            if (a is null) return b is null;
-            if (b is null) return false;
-            using (Matrix3x3 ab = a.basis(), bb = b.basis())
-            using (NVector3 ao = a.origin_internal(), bo = b.origin_internal())
-            {
-                return ab == bb && ao == bo;
-            }
-        }
+        /// <summary>Whether basis and origin compare equal element by element (NaN equals nothing).</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>true when equal.</returns>
+        public static bool operator ==(Transform a, Transform b) => a.Basis == b.Basis && a.Origin == b.Origin;
 
         /// <summary>The negation of <c>==</c>.</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>true when an element differs.</returns>
         public static bool operator !=(Transform a, Transform b) => !(a == b);
 
-        /// <summary>Whether <paramref name="other"/> holds the same basis and origin; NaN equals NaN here.</summary>
-        public bool Equals(Transform other)
-        {
-            if (other is null) return false;
-            using (Matrix3x3 ab = basis(), bb = other.basis())
-            using (NVector3 ao = origin_internal(), bo = other.origin_internal())
-            {
-                return ab.Equals(bb) && ao.Equals(bo);
-            }
-        }
+        /// <summary>Whether <paramref name="other"/> has the same basis and origin (NaN equals NaN here).</summary>
+        /// <param name="other">The transform to compare with.</param>
+        /// <returns>true when equal.</returns>
+        public readonly bool Equals(Transform other) => Basis.Equals(other.Basis) && Origin.Equals(other.Origin);
 
         /// <summary>Whether <paramref name="obj"/> is a <see cref="Transform"/> with the same basis and origin.</summary>
-        public override bool Equals(object obj) => Equals(obj as Transform);
+        /// <param name="obj">The object to compare with.</param>
+        /// <returns>true when equal.</returns>
+        public override readonly bool Equals(object? obj) => obj is Transform other && Equals(other);
 
-        /// <summary>A hash of basis and origin, consistent with <see cref="Equals(Transform)"/>.</summary>
-        public override int GetHashCode()
+        /// <summary>A hash consistent with <see cref="Equals(Transform)"/>.</summary>
+        /// <returns>The hash.</returns>
+        public override readonly int GetHashCode() => HashCode.Combine(Basis, Origin);
+
+        /// <summary>The device library's text of the transform.</summary>
+        /// <returns>The text.</returns>
+        public override readonly unsafe string ToString()
         {
-            using (Matrix3x3 b = basis())
-            using (NVector3 o = origin_internal())
-            {
-                return HashCode.Combine(b.GetHashCode(), o.GetHashCode());
-            }
+            Transform self = this;
+            return GeometryImports.TakeText(GeometryImports.TransformToString(&self));
         }
-
-        /// <summary>
-        /// The device library's text form: the origin as "{x,y,z}" with five
-        /// decimals in fields nine wide, then the basis row by row in fixed
-        /// notation; for the identity
-        /// "{  0.00000,  0.00000,  0.00000}\n1.000000 0.000000 0.000000\n…".
-        /// </summary>
-        public override string ToString() => toString();
     }
 }

@@ -1,3 +1,5 @@
+// Internal plumbing written before the public surface was annotated.
+#nullable disable
 using System;
 using System.Collections.Generic;
 using System.Runtime.InteropServices;
@@ -198,21 +200,21 @@ namespace Velarion.Interop
             else release(pointer);
         }
 
-        internal static void ConnectLogging(DelegateLoggingCallback wrapper)
+        internal static void ConnectLogging(Raw.LoggingBridge wrapper)
         {
             int slot = logSlots.Take(wrapper);
             wrapper.SwigHandle.SetRelease((pointer, release) => Release(pointer, release, logSlots, slot, emission: false));
-            velarionPINVOKE.LoggingCallbackWrapper_director_connect(wrapper.swigCPtr,
+            Raw.velarionPINVOKE.LoggingCallbackWrapper_director_connect(wrapper.swigCPtr,
                 NativeCallbacks.Register(logEntries[slot]));
         }
 
-        internal static void ConnectEmission(EmissionCallback wrapper, bool suspensionOverridden, bool querySuspensionOverridden)
+        internal static void ConnectEmission(Raw.EmissionBridge wrapper, bool suspensionOverridden, bool querySuspensionOverridden)
         {
             int slot = emissionSlots.Take(wrapper);
             wrapper.SwigHandle.SetRelease((pointer, release) => Release(pointer, release, emissionSlots, slot, emission: true));
             // Without overrides the suspension flag stays native, and an interval
             // costs no extra managed call.
-            velarion_timepointstreamingPINVOKE.EmissionCallbackWrapper_director_connect(wrapper.swigCPtr,
+            Raw.velarion_timepointstreamingPINVOKE.EmissionCallbackWrapper_director_connect(wrapper.swigCPtr,
                 suspensionOverridden ? NativeCallbacks.Register(setSuspendedEntries[slot]) : null,
                 querySuspensionOverridden ? NativeCallbacks.Register(isSuspendedEntries[slot]) : null,
                 NativeCallbacks.Register(emitEntries[slot]));
@@ -226,7 +228,7 @@ namespace Velarion.Interop
                 // The texts are ours to free, whoever reads them.
                 string text = NativeStrings.Take(message);
                 string areaText = NativeStrings.Take(area);
-                (logSlots.Target(slot) as DelegateLoggingCallback)?.Deliver(text, level, sequence, areaText);
+                (logSlots.Target(slot) as Raw.LoggingBridge)?.Deliver(text, level, sequence, areaText);
             }
             finally
             {
@@ -239,7 +241,7 @@ namespace Velarion.Interop
             Entering(emission: true);
             try
             {
-                (emissionSlots.Target(slot) as EmissionCallback)?.SetSuspendedFromNative(suspended);
+                (emissionSlots.Target(slot) as Raw.EmissionBridge)?.SetSuspendedFromNative(suspended);
             }
             finally
             {
@@ -252,7 +254,7 @@ namespace Velarion.Interop
             Entering(emission: true);
             try
             {
-                return emissionSlots.Target(slot) is EmissionCallback callback && callback.IsSuspendedFromNative();
+                return emissionSlots.Target(slot) is Raw.EmissionBridge callback && callback.IsSuspendedFromNative();
             }
             finally
             {
@@ -266,7 +268,7 @@ namespace Velarion.Interop
             Entering(emission: true);
             try
             {
-                (emissionSlots.Target(slot) as EmissionCallback)?.Deliver(
+                (emissionSlots.Target(slot) as Raw.EmissionBridge)?.Deliver(
                     timePointCount, controlPointCount, stride, callbackTime, timePoints, records);
             }
             finally

@@ -1,5 +1,4 @@
 using System;
-using System.Reflection;
 using System.Runtime.InteropServices;
 using Velarion.Interop;
 
@@ -70,47 +69,29 @@ namespace Velarion
     /// native frames: the interval's answer is dropped (nothing of it is
     /// written back) and the exception is reported through
     /// <see cref="EmissionFailed"/>. Without a handler, failures go to standard
-    /// error: the first with its stack trace, then at most one line a second
-    /// with the count since the last line and the first message among them.
-    /// The same holds for <see cref="OnIsSuspended"/> and
-    /// <see cref="OnSetSuspended"/> when the device library calls them; a failed
-    /// <see cref="OnIsSuspended"/> counts as the native flag's answer.</para>
-    /// <para>Lifetime: the emitter keeps an installed callback (the managed
-    /// object and its native part) until another callback, or null, is
-    /// installed, or until the emitter is disposed. Dispose may be called at any
-    /// time, from any thread, in any order with the emitter, even from inside
-    /// <see cref="OnEmission"/>: from then on the callback is no longer entered
-    /// (intervals are left as the device library made them), and its native
-    /// part is freed once the device library can no longer call it.</para>
+    /// error: the first with its stack trace, then at most one line a second.</para>
+    /// <para>One callback may serve several emitters at once: each emitter it is
+    /// installed in gets a native part of its own, so that no two emission
+    /// threads ever share the buffers an interval is handed in.
+    /// <see cref="OnEmission"/> is then called from each emitter's thread,
+    /// possibly at the same time, and must be safe for that.</para>
+    /// <para>Lifetime: an emitter keeps an installed callback until another
+    /// callback, or null, is installed, or until the emitter is disposed.
+    /// Dispose may be called at any time, from any thread, in any order with
+    /// the emitters, even from inside <see cref="OnEmission"/>: from then on the
+    /// callback is no longer entered (intervals are left as the device library
+    /// made them).</para>
     /// </remarks>
-#if NET5_0_OR_GREATER
-    // Keeps the overrides Overrides() looks for when trimmed (NativeAOT).
-    [System.Diagnostics.CodeAnalysis.DynamicallyAccessedMembers(
-        System.Diagnostics.CodeAnalysis.DynamicallyAccessedMemberTypes.NonPublicMethods)]
-#endif
-    public abstract class EmissionCallback : EmissionCallbackWrapper
+    public abstract class EmissionCallback : IDisposable
     {
         private readonly FailureReport failures = new FailureReport("emission", "callback");
+        private volatile bool suspended;
+        private volatile bool disposed;
 
-        /// <summary>A callback for any emitter.</summary>
-        protected EmissionCallback() : this(IntPtr.Zero)
+        /// <summary>A callback for any number of emitters.</summary>
+        protected EmissionCallback()
         {
-        }
-
-        /// <summary>A callback that names the emitter it serves (kept, not used, by the device library).</summary>
-        protected EmissionCallback(TimePointStreamingEmitter emitter)
-            : this(TimePointStreamingEmitter.getCPtr(emitter).Handle)
-        {
-        }
-
-        private EmissionCallback(IntPtr emitter) : base(emitter)
-        {
-            // Every entry goes through a guard that keeps exceptions out of the
-            // emission thread; the suspension methods only when overridden, so
-            // that otherwise the flag stays native and an interval costs no
-            // extra managed call.
-            DirectorEntries.ConnectEmission(this, Overrides(nameof(OnSetSuspended), typeof(bool)),
-                                            Overrides(nameof(OnIsSuspended)));
+            NativeLibraries.EnsureLoadable();
         }
 
         /// <summary>
@@ -119,71 +100,83 @@ namespace Velarion
         /// </summary>
         public bool Suspended
         {
-            get => isSuspended();
-            set => setSuspended(value);
+            get => OnIsSuspended();
+            set => OnSetSuspended(value);
         }
+
+        /// <summary>Whether <see cref="Dispose()"/> was called.</summary>
+        public bool IsDisposed => disposed;
 
         /// <summary>
         /// Raised, on the emission thread, with each exception an override threw
         /// when the device library called it. While it has handlers, nothing is
         /// written to standard error.
         /// </summary>
-        public event Action<Exception> EmissionFailed;
+        public event Action<Exception>? EmissionFailed;
 
         /// <summary>
         /// Fills in one output interval; runs on the emission thread. Set
         /// <see cref="EmissionControlPointRecord.Modified"/> on each record to be
         /// written back.
         /// </summary>
+        /// <param name="interval">The interval, valid only during the call.</param>
         protected abstract void OnEmission(EmissionInterval interval);
 
-        /// <summary>
-        /// Asked by the device library once per interval when overridden; by
-        /// default the native flag that <see cref="OnSetSuspended"/> stores.
-        /// </summary>
-        protected virtual bool OnIsSuspended() =>
-            velarion_timepointstreamingPINVOKE.EmissionCallbackWrapper_isSuspendedSwigExplicitEmissionCallbackWrapper(swigCPtr);
+        /// <summary>Asked by the device library once per interval when overridden; by default the flag <see cref="OnSetSuspended"/> stores.</summary>
+        /// <returns>Whether emission is suspended.</returns>
+        protected virtual bool OnIsSuspended() => suspended;
 
-        /// <summary>By default stores the native flag.</summary>
-        protected virtual void OnSetSuspended(bool suspended) =>
-            velarion_timepointstreamingPINVOKE.EmissionCallbackWrapper_setSuspendedSwigExplicitEmissionCallbackWrapper(swigCPtr, suspended);
+        /// <summary>Stores the flag <see cref="OnIsSuspended"/> reads.</summary>
+        /// <param name="suspended">Whether to suspend.</param>
+        protected virtual void OnSetSuspended(bool suspended) => this.suspended = suspended;
 
-        internal sealed override bool isSuspended() => OnIsSuspended();
-
-        internal sealed override void setSuspended(bool suspended) => OnSetSuspended(suspended);
-
-        internal bool IsSuspendedFromNative()
+        /// <summary>Stops the callback being entered; the native parts are freed once no emitter can call them. Calling it again does nothing.</summary>
+        public void Dispose()
         {
-            if (SwigHandle.IsDisposed) return false;
+            Dispose(true);
+            GC.SuppressFinalize(this);
+        }
+
+        /// <summary>Marks the callback disposed; override to release what a subclass holds, and call the base.</summary>
+        /// <param name="disposing">true from <see cref="Dispose()"/>.</param>
+        protected virtual void Dispose(bool disposing) => disposed = true;
+
+        // A native part for one emitter.
+        internal Raw.EmissionBridge CreateBridge()
+        {
+            if (disposed) throw new ObjectDisposedException(GetType().Name);
+            // The suspension flag lives here, so that one callback answers alike
+            // in every emitter it serves.
+            return new Raw.EmissionBridge(this);
+        }
+
+        internal bool IsSuspendedFromNative(out bool answer)
+        {
+            answer = false;
+            if (disposed) return false;
             try
             {
-                return OnIsSuspended();
+                answer = OnIsSuspended();
+                return true;
             }
             catch (Exception e)
             {
                 Report(e, "suspension query");
-                return velarion_timepointstreamingPINVOKE.EmissionCallbackWrapper_isSuspendedSwigExplicitEmissionCallbackWrapper(SwigHandle);
+                return false;
             }
         }
 
-        internal void SetSuspendedFromNative(bool suspended)
+        internal void SetSuspendedFromNative(bool value)
         {
-            if (SwigHandle.IsDisposed) return;
+            if (disposed) return;
             try
             {
-                OnSetSuspended(suspended);
+                OnSetSuspended(value);
             }
             catch (Exception e)
             {
                 Report(e, "suspension change");
             }
-        }
-
-        private bool Overrides(string name, params Type[] parameters)
-        {
-            var method = GetType().GetMethod(name, BindingFlags.Instance | BindingFlags.NonPublic, null, parameters, null);
-            return method != null && method.DeclaringType != typeof(EmissionCallback)
-                && method.GetBaseDefinition().DeclaringType == typeof(EmissionCallback);
         }
 
         internal FailureReport Failures => failures;
@@ -202,18 +195,11 @@ namespace Velarion
             }
         }
 
-        // From the device library: nothing more once disposed.
-        internal void Deliver(uint timepointCount, uint controlpointCount, uint controlpointStride,
-                              IntPtr callbackTime, IntPtr timepoints, IntPtr controlpoints)
+        // Hands one interval to OnEmission, catching what it throws; nothing once disposed.
+        internal unsafe void Deliver(uint timepointCount, uint controlpointCount, uint controlpointStride,
+                                     IntPtr callbackTime, IntPtr timepoints, IntPtr controlpoints)
         {
-            if (!SwigHandle.IsDisposed)
-                callback(timepointCount, controlpointCount, controlpointStride, callbackTime, timepoints, controlpoints);
-        }
-
-        // Hands one interval to OnEmission, catching what it throws.
-        internal sealed override unsafe void callback(uint timepointCount, uint controlpointCount, uint controlpointStride,
-                                                    IntPtr callbackTime, IntPtr timepoints, IntPtr controlpoints)
-        {
+            if (disposed) return;
             var records = Span<EmissionControlPointRecord>.Empty;
             try
             {
@@ -244,19 +230,50 @@ namespace Velarion
     {
         private readonly EmissionHandler handler;
 
-        /// <summary>A callback for any emitter that runs <paramref name="handler"/>.</summary>
+        /// <summary>A callback that runs <paramref name="handler"/> for each interval.</summary>
+        /// <param name="handler">Fills in one interval, on the emission thread.</param>
+        /// <exception cref="ArgumentNullException"><paramref name="handler"/> is null.</exception>
         public DelegateEmissionCallback(EmissionHandler handler)
-        {
-            this.handler = handler ?? throw new ArgumentNullException(nameof(handler));
-        }
-
-        /// <summary>A callback for <paramref name="emitter"/> that runs <paramref name="handler"/>.</summary>
-        public DelegateEmissionCallback(TimePointStreamingEmitter emitter, EmissionHandler handler) : base(emitter)
         {
             this.handler = handler ?? throw new ArgumentNullException(nameof(handler));
         }
 
         /// <inheritdoc/>
         protected override void OnEmission(EmissionInterval interval) => handler(interval);
+    }
+}
+
+namespace Velarion.Raw
+{
+    // The native side of an emission callback for one emitter: the bridge's
+    // row buffers belong to it and are touched only by that emitter's thread.
+    internal sealed class EmissionBridge : EmissionCallbackWrapper
+    {
+        private readonly EmissionCallback owner;
+
+        internal EmissionBridge(EmissionCallback owner) : base(IntPtr.Zero)
+        {
+            this.owner = owner;
+            DirectorEntries.ConnectEmission(this, suspensionOverridden: true, querySuspensionOverridden: true);
+        }
+
+        internal EmissionCallback Owner => owner;
+
+        internal bool IsSuspendedFromNative() =>
+            owner.IsSuspendedFromNative(out bool answer) ? answer
+                : velarion_timepointstreamingPINVOKE.EmissionCallbackWrapper_isSuspendedSwigExplicitEmissionCallbackWrapper(SwigHandle);
+
+        internal void SetSuspendedFromNative(bool suspended) => owner.SetSuspendedFromNative(suspended);
+
+        internal void Deliver(uint timepointCount, uint controlpointCount, uint controlpointStride,
+                              IntPtr callbackTime, IntPtr timepoints, IntPtr controlpoints)
+        {
+            if (!SwigHandle.IsDisposed)
+                owner.Deliver(timepointCount, controlpointCount, controlpointStride, callbackTime, timepoints, controlpoints);
+        }
+
+        internal override void callback(uint timepointCount, uint controlpointCount, uint controlpointStride,
+                                        IntPtr callbackTime, IntPtr timepoints, IntPtr controlpoints) =>
+            owner.Deliver(timepointCount, controlpointCount, controlpointStride, callbackTime, timepoints, controlpoints);
     }
 }

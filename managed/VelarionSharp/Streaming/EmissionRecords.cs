@@ -42,7 +42,7 @@ namespace Velarion
         /// <summary>Same seconds and fraction.</summary>
         public bool Equals(HostTime other) => Seconds == other.Seconds && Fraction == other.Fraction;
         /// <inheritdoc/>
-        public override bool Equals(object obj) => obj is HostTime other && Equals(other);
+        public override bool Equals(object? obj) => obj is HostTime other && Equals(other);
         /// <inheritdoc/>
         public override int GetHashCode() => HashCode.Combine(Seconds, Fraction);
         /// <summary>Same seconds and fraction.</summary>
