@@ -46,38 +46,35 @@ namespace Velarion.Tests
             try
             {
                 using var library = new VelarionLibrary();
-                using var identity = new Transform();
-                using var emitter = new AmplitudeModulationEmitter(A16, identity);
+                using var emitter = new AmplitudeModulationEmitter(A16);
                 Assert.True(emitter.IsConnected);
                 Assert.True(library.IsDeviceClaimed(A16));
+                Assert.False(emitter.IsEmitting);
                 Assert.Equal("343", emitter.GetExtendedOption("speedOfSound"));
 
-                using var points = new ControlPointCollection();
-                using (var left = new AmplitudeModulationControlPoint(-0.03f, 0.0f, 0.15f, 0.5f, 200.0f, 0.0f))
-                using (var right = new AmplitudeModulationControlPoint(0.03f, 0.01f, 0.18f, 0.5f, 200.0f, 0.0f))
+                var points = new[]
                 {
-                    points.Add(left);
-                    points.Add(right);
-                }
-                Assert.Equal(2, points.Count);
-                Assert.True(emitter.Update(points));
+                    new AmplitudeModulationControlPoint(-0.03f, 0.0f, 0.15f, 0.5f, 200.0f),
+                    new AmplitudeModulationControlPoint(0.03f, 0.01f, 0.18f, 0.5f, 200.0f),
+                };
+                emitter.Update(points);
+                Assert.True(emitter.IsEmitting);
                 Assert.Equal(256u, VelarionEmulator_AmplitudeModulation_transducerCount(A16));
-
                 AssertPeak(-0.03f, 0.0f, 0.15f);
                 AssertPeak(0.03f, 0.01f, 0.18f);
-                Assert.True(Pressure(-0.03f, 0.0f, 0.15f) > 1000.0f);
                 Assert.True(Pressure(-0.03f, 0.0f, 0.15f) > 10.0f * Pressure(0.0f, 0.005f, 0.165f), "between the points");
 
-                // One point replaces the two; the emitter moves its focus there.
-                using (var single = new AmplitudeModulationControlPoint(0.0f, -0.02f, 0.2f, 1.0f))
-                {
-                    Assert.Equal(125.0f, single.Frequency);
-                    Assert.True(emitter.Update(single));
-                }
+                // The points were copied: changing the array changes nothing until the next update.
+                points[0].Position = new NVector3(0.0f, -0.02f, 0.2f);
+                AssertPeak(-0.03f, 0.0f, 0.15f);
+                emitter.Update(points.AsSpan(0, 1));
+                Assert.Equal(AmplitudeModulationControlPoint.DefaultFrequency, new AmplitudeModulationControlPoint(0, 0, 0).Frequency);
                 AssertPeak(0.0f, -0.02f, 0.2f);
                 Assert.True(Pressure(0.0f, -0.02f, 0.2f) > 5.0f * Pressure(-0.03f, 0.0f, 0.15f));
 
-                Assert.True(emitter.Stop());
+                emitter.Stop();
+                Assert.False(emitter.IsEmitting);
+                emitter.Stop();  // stopping a stopped emitter does nothing
                 Assert.Equal(0u, VelarionEmulator_AmplitudeModulation_transducerCount(A16));
                 Assert.Equal(0.0f, Pressure(0.0f, -0.02f, 0.2f));
             }
@@ -87,52 +84,45 @@ namespace Velarion.Tests
             }
         }
 
+        // What the device library would refuse with a bare false is refused in
+        // C# first, naming the point and the field, with the valid range.
         [Fact]
-        public void NullArgumentsAndBadIndicesSurfaceAsDotNetExceptions()
+        public void PointsOutOfRangeAreRefusedNamingThePointAndTheRange()
         {
-            using var points = new ControlPointCollection();
-            Assert.Contains("Velarion::AmplitudeModulation::ControlPoint const & type is null",
-                            Assert.Throws<ArgumentNullException>(() => points.Add(null)).Message);
-            Assert.Empty(points);
-            using var emitter = new AmplitudeModulationEmitter();
-            var error = Assert.Throws<ArgumentNullException>(() => emitter.Update((ControlPointCollection)null));
-            Assert.Contains("ControlPointCollection const & type is null", error.Message);
-            Assert.Throws<ArgumentNullException>(() => new AmplitudeModulationEmitter(A16, null));
-
-            // Past the end, get and set fail in managed code before reaching the native ones.
-            using var point = new AmplitudeModulationControlPoint(0.01f, 0, 0.2f, 1f);
-            points.Add(point);
-            Assert.Equal("index", Assert.Throws<ArgumentOutOfRangeException>(() => points[1]).ParamName);
-            Assert.Throws<ArgumentOutOfRangeException>(() => points[1] = point);
-            using (var stored = points[0])
-            using (var position = stored.Position) Assert.Equal(0.01f, position.X);
-            points.remove(7);
-            Assert.Single(points);
-        }
-    }
-
-    // The list containers through SWIG's generated IList classes.
-    [Collection("Emulated devices")]
-    public class ListContainerTests
-    {
-        [Fact]
-        public void StringListBoundsBecomeArgumentExceptions()
-        {
-            using var list = new StringList(new[] { "a", "b", "c" });
-            Assert.Equal(3, list.Count);
-            using (var tail = list.GetRange(3, 0)) Assert.Empty(tail);
-            var count = Assert.Throws<ArgumentOutOfRangeException>(() => list.GetRange(0, -1));
-            Assert.Equal("count", count.ParamName);
-            var range = Assert.Throws<ArgumentException>(() => list.GetRange(4, 0));
-            Assert.StartsWith("invalid range", range.Message);
-            var index = Assert.Throws<ArgumentOutOfRangeException>(() => list.Insert(4, "x"));
-            Assert.Equal("index", index.ParamName);
-            list.Insert(3, "d");
-            Assert.Equal(-1, list.IndexOf("z"));
-            Assert.False(list.Remove("z"));
-            Assert.Equal(new[] { "a", "b", "c", "d" }, list);
-            Assert.Throws<ArgumentNullException>(() => list.Add(null));
+            using var emitter = new AmplitudeModulationEmitter(A16);
+            var good = new AmplitudeModulationControlPoint(0, 0, 0.2f);
+            void Refused(string parameter, string range, AmplitudeModulationControlPoint bad)
+            {
+                var e = Assert.Throws<ArgumentOutOfRangeException>(parameter, () => emitter.Update(good, bad));
+                Assert.Contains(range, e.Message);
+            }
+            Refused("points[1].Intensity", "from 0 to 1", new AmplitudeModulationControlPoint(0, 0, 0.2f, intensity: 5));
+            Refused("points[1].Intensity", "from 0 to 1", new AmplitudeModulationControlPoint(0, 0, 0.2f, intensity: float.NaN));
+            Refused("points[1].Position", "finite", new AmplitudeModulationControlPoint(float.NaN, 0, 0.2f));
+            Refused("points[1].Direction", "finite", new AmplitudeModulationControlPoint(0, 0, 0.2f) { Direction = new NVector3(float.PositiveInfinity, 0, 0) });
+            Refused("points[1].Frequency", "from 0 to 20000 Hz", new AmplitudeModulationControlPoint(0, 0, 0.2f, frequency: 30000));
+            var tooMany = new AmplitudeModulationControlPoint[emitter.MaximumControlPointLimit + 1];
+            Assert.Contains($"at most {emitter.MaximumControlPointLimit}",
+                            Assert.Throws<ArgumentOutOfRangeException>("points", () => emitter.Update(tooMany)).Message);
+            Assert.Throws<ArgumentNullException>("points", () => emitter.Update((AmplitudeModulationControlPoint[])null!));
+            Assert.False(emitter.IsEmitting);
         }
 
+        [Fact]
+        public void ADeviceThatIsUnknownOrClaimedIsRefusedAtConstruction()
+        {
+            Assert.Throws<ArgumentNullException>("identifier", () => new AmplitudeModulationEmitter(null!));
+            Assert.Contains("NO-SUCH-DEVICE", Assert.Throws<ArgumentException>("identifier", () => new AmplitudeModulationEmitter("NO-SUCH-DEVICE")).Message);
+            using (var holder = new TimePointStreamingEmitter(A16))
+            {
+                var claimed = Assert.Throws<InvalidOperationException>(() => new AmplitudeModulationEmitter(A16));
+                Assert.Contains("claimed by another emitter", claimed.Message);
+            }
+            using var library = new VelarionLibrary();
+            Assert.False(library.IsDeviceClaimed(A16));  // the refused emitters let go of nothing they did not have
+            using var emitter = new AmplitudeModulationEmitter(A16);
+            emitter.Update(new AmplitudeModulationControlPoint(0, 0, 0.2f));
+            Assert.True(emitter.IsEmitting);
+        }
     }
 }

@@ -45,18 +45,18 @@ namespace Velarion.Tests
         [Fact]
         public void ReplacedOrDisposedWhileStreamingACallbackIsNoLongerEnteredAndNothingCrashes()
         {
-            using var placement = new Transform();
+            var placement = new Transform();
             using var emitter = new TimePointStreamingEmitter(A16, placement);
             var installed = new Counting();
-            Assert.True(emitter.SetEmissionCallback(installed));
-            Assert.True(emitter.Start());
+            emitter.SetEmissionCallback(installed);
+            emitter.Start();
             WaitFor(() => Volatile.Read(ref installed.Calls) >= 5);
 
             // Install a new one, then dispose the old one at once (the advice for replacing).
             for (int round = 0; round < 20; ++round)
             {
                 var next = new Counting();
-                Assert.True(emitter.SetEmissionCallback(next));
+                emitter.SetEmissionCallback(next);
                 installed.Dispose();
                 int after = Volatile.Read(ref installed.Calls);
                 WaitFor(() => Volatile.Read(ref next.Calls) >= 2);
@@ -70,27 +70,27 @@ namespace Velarion.Tests
             ulong intervals = Intervals(emitter);
             WaitFor(() => Intervals(emitter) >= intervals + 50);
             Assert.True(Volatile.Read(ref installed.Calls) <= calls + 1, $"{installed.Calls} calls, {calls} at Dispose");
-            Assert.True(emitter.Stop());
+            emitter.Stop();
         }
 
         private static void StreamAndLeaveEarly(bool callbackFirst)
         {
-            using var placement = new Transform();
+            var placement = new Transform();
             if (callbackFirst)
             {
                 // `using` disposes in reverse: the callback goes before the emitter.
                 using var emitter = new TimePointStreamingEmitter(A16, placement);
                 using var callback = new Counting();
-                Assert.True(emitter.SetEmissionCallback(callback));
-                Assert.True(emitter.Start());
+                emitter.SetEmissionCallback(callback);
+                emitter.Start();
                 WaitFor(() => Volatile.Read(ref callback.Calls) >= 3);
                 return;
             }
             using (var callback = new Counting())
             using (var emitter = new TimePointStreamingEmitter(A16, placement))
             {
-                Assert.True(emitter.SetEmissionCallback(callback));
-                Assert.True(emitter.Start());
+                emitter.SetEmissionCallback(callback);
+                emitter.Start();
                 WaitFor(() => Volatile.Read(ref callback.Calls) >= 3);
             }
         }
@@ -106,7 +106,7 @@ namespace Velarion.Tests
         [Fact]
         public void DisposingTheEmitterFromInsideItsOwnCallbackEndsCleanly()
         {
-            using var placement = new Transform();
+            var placement = new Transform();
             using var library = new VelarionLibrary();
             for (int round = 0; round < 5; ++round)
             {
@@ -125,8 +125,8 @@ namespace Velarion.Tests
                         disposed.Set();
                     }
                 };
-                Assert.True(emitter.SetEmissionCallback(callback));
-                Assert.True(emitter.Start());
+                emitter.SetEmissionCallback(callback);
+                emitter.Start();
                 Assert.True(disposed.Wait(TimeSpan.FromSeconds(20), TestContext.Current.CancellationToken));
                 AssertDisposedEmitter(emitter);
                 callback.Dispose();
@@ -156,7 +156,7 @@ namespace Velarion.Tests
                 {
                     string missing = Path.Combine(Path.GetTempPath(), Guid.NewGuid().ToString("N"), "a");
                     using var alignment = new Alignment();
-                    while (!stop.IsCancellationRequested) alignment.loadAlignment(missing);
+                    while (!stop.IsCancellationRequested) alignment.TryLoad(missing);
                 }, TestContext.Current.CancellationToken);
             }
 
@@ -167,7 +167,7 @@ namespace Velarion.Tests
                 {
                     if (level == DeviceLogLevel.Warning && area == "Alignment") Interlocked.Increment(ref delivered[0]);
                 });
-                Assert.True(logging.SetCallback((DeviceLogLevel)2, next));
+                logging.SetCallback((DeviceLogLevel)2, next);
                 previous?.Dispose();
                 previous = next;
                 if (round % 50 == 0) GC.Collect();
@@ -175,7 +175,7 @@ namespace Velarion.Tests
             WaitFor(() => Volatile.Read(ref delivered[0]) > 0);
             stop.Cancel();
             await Task.WhenAll(loggers).WaitAsync(TimeSpan.FromSeconds(20), TestContext.Current.CancellationToken);
-            Assert.True(logging.SetCallback((DeviceLogLevel)2, null));
+            logging.SetCallback((DeviceLogLevel)2, null);
             previous.Dispose();
         }
 
@@ -190,18 +190,18 @@ namespace Velarion.Tests
             int pendingInside = -1;
             first.OnCall = c =>
             {
-                Assert.True(stepped.Emitter.SetEmissionCallback(next));
+                stepped.Emitter.SetEmissionCallback(next);
                 c.Dispose();
                 pendingInside = Velarion.Interop.DirectorEntries.PendingOnThisThread;
             };
-            Assert.True(stepped.Emitter.SetEmissionCallback(first));
+            stepped.Emitter.SetEmissionCallback(first);
             stepped.Step(5_000_000_000, 25_000, 80, 16);
             Assert.Equal(1, pendingInside);  // deferred, not freed under the bridge
             Assert.Equal(1, Velarion.Interop.DirectorEntries.PendingOnThisThread);
             stepped.Step(5_000_000_000, 25_000, 80, 16);  // the next interval frees it first
             Assert.Equal(0, Velarion.Interop.DirectorEntries.PendingOnThisThread);
             Assert.Equal((1, 1), (first.Calls, next.Calls));
-            Assert.True(stepped.Emitter.SetEmissionCallback(null));
+            stepped.Emitter.SetEmissionCallback(null);
             next.Dispose();
         }
 

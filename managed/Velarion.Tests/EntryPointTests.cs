@@ -8,15 +8,16 @@ using Xunit;
 namespace Velarion.Tests
 {
     // The binding and the native library agree name for name, and each entry
-    // point belongs to the interop module its listing section says. Hand-written
-    // imports live in the same partial PINVOKE classes as the generated ones.
+    // point belongs to the interop module its listing section says. The public
+    // layer's own imports (values passed by pointer) name entry points the
+    // generated ones import too.
     public class EntryPointTests
     {
         private static readonly string[] Modules =
             { "velarion", "velarion_amplitudemodulation", "velarion_timepointstreaming" };
 
         private static Type PInvokeClass(string module) =>
-            typeof(NVector3).Assembly.GetType($"Velarion.{module}PINVOKE", throwOnError: true);
+            typeof(NVector3).Assembly.GetType($"Velarion.Raw.{module}PINVOKE", throwOnError: true);
 
         // The PINVOKE class and its nested helpers (the registration imports
         // live in the nested exception and string helpers).
@@ -31,11 +32,19 @@ namespace Velarion.Tests
             where import != null
             select (module, import.EntryPoint ?? method.Name);
 
+        // Every import of the assembly, generated or hand-written.
+        private static IEnumerable<(string Module, string EntryPoint)> AllImports() =>
+            from type in typeof(NVector3).Assembly.GetTypes()
+            from method in type.GetMethods(BindingFlags.Static | BindingFlags.Public | BindingFlags.NonPublic | BindingFlags.DeclaredOnly)
+            let import = method.GetCustomAttribute<DllImportAttribute>()
+            where import != null
+            select (type.FullName, import.EntryPoint ?? method.Name);
+
         [Fact]
         public void EveryImportedEntryPointResolvesInTheInteropLibrary()
         {
             var library = NativeLibrary.Load("VelarionCSharp", typeof(NVector3).Assembly, null);
-            var missing = ImportedEntryPoints()
+            var missing = AllImports()
                 .Where(e => !NativeLibrary.TryGetExport(library, e.EntryPoint, out _))
                 .Select(e => e.EntryPoint)
                 .ToList();

@@ -20,12 +20,7 @@ namespace Velarion.Tests
         private static AmplitudeModulationEmitter Focused(Transform placement, Vector3 focus)
         {
             var emitter = new AmplitudeModulationEmitter(A16, placement);
-            using var points = new ControlPointCollection();
-            using (var point = new AmplitudeModulationControlPoint(focus.X, focus.Y, focus.Z, 1f, 200f))
-            {
-                points.Add(point);
-            }
-            Assert.True(emitter.Update(points));
+            emitter.Update(new AmplitudeModulationControlPoint(focus, 1f, 200f));
             return emitter;
         }
 
@@ -37,7 +32,7 @@ namespace Velarion.Tests
             try
             {
                 var focus = new Vector3(0.01f, 0f, 0.15f);
-                using var identity = new Transform();
+                var identity = new Transform();
                 using var emitter = Focused(identity, focus);
                 var plane = FieldPlane.Vertical(focus, 0.06f, 0.1f, 0.2f);
                 PressureMap now = EmulatedField.Map(emitter, plane, 13, 11, FieldMoment.CurrentFrame);
@@ -65,7 +60,7 @@ namespace Velarion.Tests
                 // At the top of the envelope the two moments agree.
                 Assert.Equal(now.Values.ToArray(), EmulatedField.Map(emitter, plane, 13, 11).Values.ToArray());
 
-                Assert.True(emitter.Stop());
+                emitter.Stop();
                 PressureMap silent = EmulatedField.Map(emitter, plane, 3, 2);
                 Assert.Equal(0f, silent.Peak);
                 Assert.Empty(silent.FocalPoints);
@@ -113,7 +108,7 @@ namespace Velarion.Tests
         [Fact]
         public void BadMapRequestsAreRefusedWithTheirArgument()
         {
-            using var identity = new Transform();
+            var identity = new Transform();
             using var emitter = Focused(identity, new Vector3(0f, 0f, 0.2f));
             var plane = FieldPlane.Horizontal(0.2f, 0.1f, 0.1f);
             Assert.Equal("emitter", Assert.Throws<ArgumentNullException>(() => EmulatedField.Map(null, plane)).ParamName);
@@ -124,7 +119,7 @@ namespace Velarion.Tests
             PressureMap map = EmulatedField.Map(emitter, plane, 2, 3);
             Assert.Throws<ArgumentOutOfRangeException>(() => map[3, 0]);
             Assert.Throws<ArgumentOutOfRangeException>(() => map[0, -1]);
-            Assert.True(emitter.Stop());
+            emitter.Stop();
         }
 
         [Fact]
@@ -134,16 +129,16 @@ namespace Velarion.Tests
             Directory.CreateDirectory(folder);
             try
             {
-                using var identity = new Transform();
+                var identity = new Transform();
                 using (var emitter = Focused(identity, new Vector3(0f, 0f, 0.2f)))
                 {
                     PressureMap map = EmulatedField.Map(emitter, FieldPlane.Vertical(new Vector3(0f, 0f, 0.2f), 0.2f, 0f, 0.3f), 40, 60);
-                    Assert.True(emitter.Stop());
+                    emitter.Stop();
                     AssertPng(Path.Combine(folder, "map.png"), file => FieldPlots.SavePressureMap(map, file));
                 }
 
                 using var streaming = new TimePointStreamingEmitter(A16, identity);
-                Assert.True(streaming.Start());
+                streaming.Start();
                 System.Threading.Thread.Sleep(50);
                 streaming.Stop();
                 EmittedPath path = EmulatedField.Path(streaming);

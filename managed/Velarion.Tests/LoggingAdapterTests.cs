@@ -46,7 +46,7 @@ namespace Velarion.Tests
         private static void FailAnAlignmentLoad(string marker)
         {
             using var alignment = new Alignment();
-            Assert.False(alignment.loadAlignment(Path.Combine(Path.GetTempPath(), $"no-such-folder-{marker}", "a")));
+            Assert.False(alignment.TryLoad(Path.Combine(Path.GetTempPath(), $"no-such-folder-{marker}", "a")));
         }
 
         [Fact]
@@ -82,9 +82,9 @@ namespace Velarion.Tests
             {
                 using var library = new VelarionLibrary();
                 var logging = library.Logging;
-                Assert.True(logging.RedirectToFile(file));
+                Assert.True(logging.TryRedirectToFile(file));
                 var recorder = new Recorder();
-                using (library.RouteLogTo(recorder, l => l.RedirectToFile(file)))
+                using (library.RouteLogTo(recorder, l => l.TryRedirectToFile(file)))
                 {
                     FailAnAlignmentLoad("routed");
                 }

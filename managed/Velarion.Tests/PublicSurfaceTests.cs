@@ -78,10 +78,69 @@ namespace Velarion.Tests
             var odd = oddTypes.Concat(oddMembers).ToList();
             Assert.True(odd.Count == 0, "not .NET names:\n" + string.Join("\n", odd));
 
-            // Counts and indices are int; no raw pointer type is public.
-            Assert.All(new[] { typeof(StringList), typeof(DeviceInfoList), typeof(TransducerContainer) },
-                       t => Assert.Equal(typeof(int), t.GetProperty("Count").PropertyType));
-            Assert.DoesNotContain(Types, t => t.Name.StartsWith("SWIGTYPE"));
+            Assert.DoesNotContain(Types, t => t.Name.StartsWith("SWIGTYPE") || t.Namespace == "Velarion.Raw");
+        }
+
+        // The designed API of the core assembly, and nothing else: the raw layer
+        // (SWIG's proxies, PINVOKE classes, directors) stays internal.
+        private static readonly string[] Designed =
+        {
+            "AmplitudeModulationControlPoint", "AmplitudeModulationEmitter", "Alignment", "DelegateEmissionCallback",
+            "DelegateLoggingCallback", "DeviceFeatures", "DeviceInfo", "DeviceLogLevel", "DeviceSelectionMode",
+            "EmissionCallback", "EmissionControlPointRecord", "EmissionHandler", "EmissionInterval", "Emitter",
+            "EulerOrder", "HostDuration", "HostTime", "InterfaceVersion", "LogHandler", "LoggingExternalInterface",
+            "Matrix3x3", "Matrix4x4", "NVector3", "Quaternion", "ReEmitPoints", "TimePointStreamingEmitter",
+            "Transducer", "Transform", "VelarionLibrary", "VersionInfo",
+        };
+
+        [Fact]
+        public void TheCoreAssemblyShowsOnlyTheDesignedApi()
+        {
+            var shown = typeof(NVector3).Assembly.GetExportedTypes().Select(t => t.FullName).OrderBy(n => n).ToList();
+            Assert.Equal(Designed.Select(n => "Velarion." + n).OrderBy(n => n), shown);
+
+            // Counts, indices and levels are int or enums: uint only for the
+            // host time's fraction and the record's carried bits.
+            var allowed = new HashSet<string> { "Fraction", "CarriedValue" };
+            var unsigned = Types.Where(t => t.Assembly == typeof(NVector3).Assembly)
+                .SelectMany(t => PublicMembers(t).Select(m => (Type: t, Member: m)))
+                .Where(x => !allowed.Contains(x.Member.Name) && UsesUnsigned(x.Member))
+                .Select(x => $"{x.Type.Name}.{x.Member.Name}")
+                .ToList();
+            Assert.True(unsigned.Count == 0, "unsigned counts or levels:\n" + string.Join("\n", unsigned));
+        }
+
+        private static bool UsesUnsigned(MemberInfo member)
+        {
+            static bool U(Type t) => t == typeof(uint) || t == typeof(ulong);
+            return member switch
+            {
+                FieldInfo f => U(f.FieldType),
+                PropertyInfo p => U(p.PropertyType),
+                MethodInfo m => U(m.ReturnType) || m.GetParameters().Any(p => U(p.ParameterType)),
+                ConstructorInfo c => c.GetParameters().Any(p => U(p.ParameterType)),
+                _ => false,
+            };
+        }
+
+        // `a.B.C = v` must never write to a copy that is thrown away: a property
+        // that hands out an object of this API hands out a handle or an
+        // immutable snapshot, never a mutable copy (mutable values are structs,
+        // for which C# refuses such an assignment).
+        [Fact]
+        public void NoPropertyHandsOutAMutableCopy()
+        {
+            var handles = new HashSet<Type> { typeof(LoggingExternalInterface) };
+            static bool Mutable(Type t) =>
+                t.GetProperties(BindingFlags.Public | BindingFlags.Instance).Any(p => p.SetMethod?.IsPublic == true)
+                || t.GetFields(BindingFlags.Public | BindingFlags.Instance).Any(f => !f.IsInitOnly);
+            var copies = Types
+                .SelectMany(t => t.GetProperties(BindingFlags.Public | BindingFlags.Instance | BindingFlags.Static))
+                .Where(p => p.PropertyType.IsClass && Shipped.Contains(p.PropertyType.Assembly)
+                            && !handles.Contains(p.PropertyType) && Mutable(p.PropertyType))
+                .Select(p => $"{p.DeclaringType.Name}.{p.Name}")
+                .ToList();
+            Assert.True(copies.Count == 0, "properties handing out mutable objects:\n" + string.Join("\n", copies));
         }
 
         // The documentation ID the compiler writes for a member.

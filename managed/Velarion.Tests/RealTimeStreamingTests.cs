@@ -93,7 +93,7 @@ namespace Velarion.Tests
         [Fact]
         public void ACircleDrawnInCSharpForOneSecondIsWhatTheDeviceEmitted()
         {
-            var lines = new ConcurrentQueue<(string Message, uint Level, int Thread)>();
+            var lines = new ConcurrentQueue<(string Message, DeviceLogLevel Level, int Thread)>();
             using var log = new DelegateLoggingCallback((message, level, _, area) =>
             {
                 if (area == "TimePointStreaming") lines.Enqueue((message, level, Environment.CurrentManagedThreadId));
@@ -101,19 +101,18 @@ namespace Velarion.Tests
             using var callback = new CircleCallback();
             using var library = new VelarionLibrary();
             var logging = library.Logging;
-            for (uint level = 1; level <= 3; ++level) Assert.True(logging.SetCallback((DeviceLogLevel)level, log));
+            for (var level = DeviceLogLevel.Error; level <= DeviceLogLevel.Info; ++level) logging.SetCallback(level, log);
 
-            using (var placement = new Transform())
-            using (var emitter = new TimePointStreamingEmitter(A16, placement))
+            using (var emitter = new TimePointStreamingEmitter(A16))
             {
                 Assert.True(emitter.IsConnected);
                 Assert.True(library.IsDeviceClaimed(A16));
                 Assert.Equal(40000, emitter.SampleRate);
                 Assert.Equal(1, emitter.MaximumControlPointCount);
-                Assert.True(emitter.SetEmissionCallback(callback));
-                Assert.True(emitter.Start());
+                emitter.SetEmissionCallback(callback);
+                emitter.Start();
                 WaitFor(() => Volatile.Read(ref callback.Calls) > 0 && callback.TimePoints >= 40_000);
-                Assert.True(emitter.Stop());
+                emitter.Stop();
 
                 var statistics = EmulatedEmission.Statistics(emitter);
                 Report(statistics);
@@ -142,18 +141,18 @@ namespace Velarion.Tests
             Assert.Contains(lines, l => l.Message.StartsWith($"Time-point streaming emitter started on {A16} at 40000 Hz"));
             var stopped = Assert.Single(lines, l => l.Message.StartsWith("Time-point streaming emitter stopped after"));
             Assert.NotEqual(Environment.CurrentManagedThreadId, stopped.Thread);
-            foreach (var line in lines.Where(l => l.Level <= 2)) output.WriteLine($"log {line.Level}: {line.Message}");
-            for (uint level = 1; level <= 3; ++level) logging.SetCallback((DeviceLogLevel)level, null);
+            foreach (var line in lines.Where(l => l.Level <= DeviceLogLevel.Warning)) output.WriteLine($"log {line.Level}: {line.Message}");
+            for (var level = DeviceLogLevel.Error; level <= DeviceLogLevel.Info; ++level) logging.SetCallback(level, null);
         }
 
         [Fact]
         public void WhileSuspendedTheLastAnswerIsReplayedWithoutCallingCSharp()
         {
             using var callback = new CircleCallback();
-            using var placement = new Transform();
+            var placement = new Transform();
             using var emitter = new TimePointStreamingEmitter(A16, placement);
-            Assert.True(emitter.SetEmissionCallback(callback));
-            Assert.True(emitter.Start());
+            emitter.SetEmissionCallback(callback);
+            emitter.Start();
             WaitFor(() => Volatile.Read(ref callback.Calls) >= 20);
 
             callback.Suspended = true;
@@ -161,7 +160,7 @@ namespace Velarion.Tests
             int callsAtSuspension = Volatile.Read(ref callback.Calls) + 1;
             ulong intervalsAtSuspension = EmulatedEmission.Statistics(emitter).Intervals;
             WaitFor(() => EmulatedEmission.Statistics(emitter).Intervals >= intervalsAtSuspension + 50);
-            Assert.True(emitter.Stop());
+            emitter.Stop();
             Assert.True(callback.Calls <= callsAtSuspension, $"{callback.Calls} calls while suspended");
             Report(EmulatedEmission.Statistics(emitter));
 

@@ -74,6 +74,7 @@ namespace Velarion
         public void SetCallback(DeviceLogLevel level, DelegateLoggingCallback? callback)
         {
             CheckLevel(level, DeviceLogLevel.Error, nameof(level));
+            if (callback != null && callback.Bridge.SwigHandle.IsDisposed) throw new ObjectDisposedException(nameof(DelegateLoggingCallback));
             native.setManagedLoggingCallback((uint)level, callback?.Bridge);
         }
 

@@ -24,20 +24,13 @@ namespace Velarion.Demo
         private static void Vectors()
         {
             Console.WriteLine("== Vectors ==");
-            using var focus = new NVector3(0.02f, 0f, 0.2f);
-            using var offset = new NVector3(0f, 0.01f, 0f);
-            using var moved = focus + offset;
-            using var direction = moved.Normalize();
+            var focus = new NVector3(0.02f, 0f, 0.2f);
+            var offset = new NVector3(0f, 0.01f, 0f);
+            NVector3 moved = focus + offset;
+            NVector3 direction = moved.Normalize();
             Console.WriteLine($"focus {Show(focus)} + offset {Show(offset)} = {Show(moved)}");
             Console.WriteLine($"|{Show(moved)}| = {moved.Length():0.######} m, direction {Show(direction)}");
-            try
-            {
-                focus.Dot(null);
-            }
-            catch (ArgumentNullException e)
-            {
-                Console.WriteLine($"a null operand is reported as {e.GetType().Name}: {e.Message}");
-            }
+            Console.WriteLine($"the zero vector normalises to {Show(NVector3.Zero.Normalize())}, as the device library has it");
             Console.WriteLine();
         }
 
@@ -49,18 +42,13 @@ namespace Velarion.Demo
             using var library = new VelarionLibrary();
             var identifiers = library.DeviceIdentifiers;
             Console.WriteLine($"devices: {string.Join(", ", identifiers)}");
-            using var placement = new Transform();
-            using var emitter = new AmplitudeModulationEmitter(identifiers[0], placement);
+            using var emitter = new AmplitudeModulationEmitter(identifiers[0]);
             Console.WriteLine($"emitter on {identifiers[0]}: connected {emitter.IsConnected}, " +
                               $"{emitter.SampleRate} Hz of {emitter.SampleRateLimit} Hz, " +
                               $"up to {emitter.MaximumControlPointLimit} points, " +
                               $"speed of sound {emitter.GetExtendedOption("speedOfSound")} m/s");
-            using var points = new ControlPointCollection();
-            using (var point = new AmplitudeModulationControlPoint(0.0f, 0.0f, 0.2f, 1.0f, 200.0f))
-            {
-                points.Add(point);
-            }
-            Console.WriteLine($"update with {points.Count} point at (0, 0, 0.2) m, 200 Hz: {emitter.Update(points)}");
+            emitter.Update(new AmplitudeModulationControlPoint(0.0f, 0.0f, 0.2f, intensity: 1.0f, frequency: 200.0f));
+            Console.WriteLine($"one point at (0, 0, 0.2) m, 200 Hz: emitting {emitter.IsEmitting}");
             // The emulator renders the point in real time; watch the field it
             // makes for one second (the 200 Hz envelope swings it up and down).
             float focusPeak = 0f, besidePeak = 0f;
@@ -88,7 +76,8 @@ namespace Velarion.Demo
                 FieldPlots.SavePressureMap(map, file);
                 Console.WriteLine($"  {map.Plane.Name}: {file}");
             }
-            Console.WriteLine($"stop: {emitter.Stop()}");
+            emitter.Stop();
+            Console.WriteLine($"stopped: emitting {emitter.IsEmitting}");
             Console.WriteLine();
         }
 
@@ -102,18 +91,16 @@ namespace Velarion.Demo
         {
             Console.WriteLine("== Devices ==");
             using var library = new VelarionLibrary();
-            using var infos = library.GetDeviceInfos();
+            var infos = library.GetDeviceInfos();
             Console.WriteLine($"{"identifier",-16} {"model",-6} {"serial",-9} {"firmware",-9} {"array (mm)",-11} {"elements",8}  features");
             foreach (var info in infos)
             {
-                using (info)
-                using (var layout = info.GetTransducerConfiguration())
                 {
                     string identifier = info.DeviceIdentifier;
                     string state = library.IsDeviceConnected(identifier) ? "" : "  (disconnected)";
                     Console.WriteLine($"{identifier,-16} {info.ModelIdentifier,-6} {info.SerialNumber,-9} " +
                                       $"{info.FirmwareVersion,-9} {$"{info.ArrayWidth * 1000:0} x {info.ArrayDepth * 1000:0}",-11} " +
-                                      $"{layout.Count,8}  {info.SupportedFeatures}{state}");
+                                      $"{info.Transducers.Count,8}  {info.SupportedFeatures}{state}");
                 }
             }
             Console.WriteLine();
@@ -135,11 +122,10 @@ namespace Velarion.Demo
             });
             using var library = new VelarionLibrary();
             var logging = library.Logging;
-            for (uint level = 1; level <= 3; ++level) logging.SetCallback((DeviceLogLevel)level, log);
+            for (var level = DeviceLogLevel.Error; level <= DeviceLogLevel.Info; ++level) logging.SetCallback(level, log);
 
             var identifiers = library.DeviceIdentifiers;
-            using var placement = new Transform();
-            using var emitter = new TimePointStreamingEmitter(identifiers[0], placement);
+            using var emitter = new TimePointStreamingEmitter(identifiers[0]);
             // Every time point gets the circle's position at that very time.
             using var callback = new DelegateEmissionCallback(interval =>
             {
@@ -158,7 +144,7 @@ namespace Velarion.Demo
             Console.WriteLine($"a circle of {CircleRadius * 100:0} cm radius, {CircleFrequency:0} turns a second, " +
                               $"{CircleHeight * 100:0} cm above the array");
             emitter.SetEmissionCallback(callback);
-            if (!emitter.Start())
+            if (!emitter.TryStart())
             {
                 Console.WriteLine("the emitter could not start");
                 return;
@@ -183,7 +169,6 @@ namespace Velarion.Demo
             }
             if (live) Console.WriteLine();
             emitter.Stop();
-            emitter.SetEmissionCallback(null);
 
             var s = EmulatedEmission.Statistics(emitter);
             Console.WriteLine($"intervals: {s.Intervals} ({(double)s.TimePoints / Math.Max(1UL, s.Intervals):0} time points each)");
@@ -197,7 +182,7 @@ namespace Velarion.Demo
             string picture = System.IO.Path.GetFullPath("streamed-circle.png");
             FieldPlots.SaveEmittedPath(EmulatedField.Path(emitter), picture, maximumSamples: 800);
             Console.WriteLine($"the emitted path (its last 800 samples, two turns): {picture}");
-            for (uint level = 1; level <= 3; ++level) logging.SetCallback((DeviceLogLevel)level, null);
+            for (var level = DeviceLogLevel.Error; level <= DeviceLogLevel.Info; ++level) logging.SetCallback(level, null);
             Console.WriteLine();
         }
 

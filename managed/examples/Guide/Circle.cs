@@ -10,8 +10,7 @@ namespace Velarion.Guide
         {
             #region guide: stream-circle
             using var library = new VelarionLibrary();
-            using var placement = new Transform();
-            using var emitter = new TimePointStreamingEmitter(library.DeviceIdentifiers[0], placement);
+            using var emitter = new TimePointStreamingEmitter(library.DeviceIdentifiers[0]);
             // Called on the device library's emission thread, about every 2 ms, for
             // the next few milliseconds of time points: give each one a position.
             using var callback = new DelegateEmissionCallback(interval =>
@@ -32,8 +31,7 @@ namespace Velarion.Guide
             emitter.SetEmissionCallback(callback);
             emitter.Start();
             Thread.Sleep(1000);
-            emitter.Stop();                     // returns once the last call has returned
-            emitter.SetEmissionCallback(null);  // only now may the callback be disposed
+            emitter.Stop();  // returns once the last call has returned
             #endregion
         }
     }

@@ -10,7 +10,7 @@ namespace Velarion.Guide
             using var library = new VelarionLibrary();
             foreach (string identifier in library.DeviceIdentifiers)
             {
-                using DeviceInfo info = library.GetDeviceInfo(identifier);
+                DeviceInfo info = library.GetDeviceInfo(identifier);  // a snapshot
                 Console.WriteLine($"{identifier}: {info.ModelDescription}, " +
                                   $"{info.ArrayWidth * 1000:0} x {info.ArrayDepth * 1000:0} mm, " +
                                   $"connected: {library.IsDeviceConnected(identifier)}");

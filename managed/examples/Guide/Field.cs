@@ -12,14 +12,8 @@ namespace Velarion.Guide
         {
             #region guide: draw-field
             using var library = new VelarionLibrary();
-            using var placement = new Transform();
-            using var emitter = new AmplitudeModulationEmitter(library.DeviceIdentifiers[0], placement);
-            using var points = new ControlPointCollection();
-            using (var point = new AmplitudeModulationControlPoint(0.02f, 0f, 0.15f, 1f, 200f))
-            {
-                points.Add(point);
-            }
-            emitter.Update(points);
+            using var emitter = new AmplitudeModulationEmitter(library.DeviceIdentifiers[0]);
+            emitter.Update(new AmplitudeModulationControlPoint(0.02f, 0f, 0.15f, intensity: 1f, frequency: 200f));
 
             // RMS pressure (Pa) on a vertical slice through the point, 200 x 200 values.
             var slice = FieldPlane.Vertical(new Vector3(0.02f, 0f, 0.15f), width: 0.2f, bottom: 0f, top: 0.3f);

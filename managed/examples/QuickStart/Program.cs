@@ -15,12 +15,9 @@ if (ids.Count == 0)
     return 1;
 }
 
-using var placement = new Transform();
-using var emitter = new AmplitudeModulationEmitter(ids[0], placement);
-using var points = new ControlPointCollection();
-using var point = new AmplitudeModulationControlPoint(0f, 0f, 0.2f, 1f);
-points.Add(point);  // the collection keeps a copy
-bool emitting = emitter.Update(points);
+using var emitter = new AmplitudeModulationEmitter(ids[0]);  // placed at the array's own space
+var point = new AmplitudeModulationControlPoint(0f, 0f, 0.2f, intensity: 1f);
+bool emitting = emitter.TryUpdate(new[] { point });  // false: the device library refused
 Console.WriteLine($"a focal point 20 cm above {ids[0]}: {(emitting ? "emitting" : "refused")}");
 return emitting ? 0 : 1;
 #endregion

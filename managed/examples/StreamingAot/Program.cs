@@ -47,10 +47,10 @@ namespace Velarion.Examples
             library.Logging.RedirectToNull();
             library.Logging.SetCallback(DeviceLogLevel.Info, log);
             string device = library.DeviceIdentifiers[0];
-            using var placement = new Transform();
-            using var emitter = new TimePointStreamingEmitter(device, placement);
+            using var emitter = new TimePointStreamingEmitter(device);
             using var circle = new Circle();
-            if (!emitter.SetEmissionCallback(circle) || !emitter.Start())
+            emitter.SetEmissionCallback(circle);
+            if (!emitter.TryStart())
             {
                 Console.Error.WriteLine("the emitter could not start");
                 return 1;
@@ -58,7 +58,6 @@ namespace Velarion.Examples
             var watch = Stopwatch.StartNew();
             while (watch.Elapsed < TimeSpan.FromSeconds(0.5)) Thread.Sleep(10);
             emitter.Stop();
-            emitter.SetEmissionCallback(null);
             library.Logging.SetCallback(DeviceLogLevel.Info, null);
 
             var samples = EmulatedEmission.Samples(emitter);
