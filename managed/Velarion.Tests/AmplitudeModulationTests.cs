@@ -54,8 +54,10 @@ namespace Velarion.Tests
 
                 var points = new[]
                 {
+                    // Points of one frequency share its envelope out in phase: two
+                    // frequencies keep both at the top at sample 0.
                     new AmplitudeModulationControlPoint(-0.03f, 0.0f, 0.15f, 0.5f, 200.0f),
-                    new AmplitudeModulationControlPoint(0.03f, 0.01f, 0.18f, 0.5f, 200.0f),
+                    new AmplitudeModulationControlPoint(0.03f, 0.01f, 0.18f, 0.5f, 150.0f),
                 };
                 emitter.Update(points);
                 Assert.True(emitter.IsEmitting);
@@ -100,7 +102,7 @@ namespace Velarion.Tests
             Refused("points[1].Intensity", "from 0 to 1", new AmplitudeModulationControlPoint(0, 0, 0.2f, intensity: float.NaN));
             Refused("points[1].Position", "finite", new AmplitudeModulationControlPoint(float.NaN, 0, 0.2f));
             Refused("points[1].Direction", "finite", new AmplitudeModulationControlPoint(0, 0, 0.2f) { Direction = new NVector3(float.PositiveInfinity, 0, 0) });
-            Refused("points[1].Frequency", "from 0 to 20000 Hz", new AmplitudeModulationControlPoint(0, 0, 0.2f, frequency: 30000));
+            Refused("points[1].Frequency", $"from 0 to {emitter.SampleRate / 2} Hz", new AmplitudeModulationControlPoint(0, 0, 0.2f, frequency: 30000));
             var tooMany = new AmplitudeModulationControlPoint[emitter.MaximumControlPointLimit + 1];
             Assert.Contains($"at most {emitter.MaximumControlPointLimit}",
                             Assert.Throws<ArgumentOutOfRangeException>("points", () => emitter.Update(tooMany)).Message);

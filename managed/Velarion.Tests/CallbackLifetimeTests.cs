@@ -208,27 +208,35 @@ namespace Velarion.Tests
         [Fact]
         public void DisposedCallbacksGiveTheirStaticEntryBackAndTheLimitIsAnException()
         {
-            // Each live wrapper holds one of a fixed number of static entries.
+            // Each live native part holds one of a fixed number of static entries:
+            // a log callback has one, an emission callback one per emitter it is installed in.
             for (int i = 0; i < 3 * Velarion.Interop.DirectorEntries.SlotCount; ++i)
             {
                 new DelegateLoggingCallback((_, _, _) => { }).Dispose();
-                new DelegateEmissionCallback(_ => { }).Dispose();
+                using var stepped = new SteppedStreaming();
+                using var callback = new DelegateEmissionCallback(_ => { });
+                stepped.Emitter.SetEmissionCallback(callback);
             }
 
-            var live = new System.Collections.Generic.List<DelegateEmissionCallback>();
+            var live = new System.Collections.Generic.List<SteppedStreaming>();
+            using var shared = new DelegateEmissionCallback(_ => { });
             try
             {
                 var full = Assert.Throws<InvalidOperationException>(() =>
                 {
-                    for (int i = 0; i <= Velarion.Interop.DirectorEntries.SlotCount; ++i) live.Add(new DelegateEmissionCallback(_ => { }));
+                    for (int i = 0; i <= Velarion.Interop.DirectorEntries.SlotCount; ++i)
+                    {
+                        live.Add(new SteppedStreaming());
+                        live[i].Emitter.SetEmissionCallback(shared);
+                    }
                 });
                 Assert.Contains("emission callbacks", full.Message);
                 live[0].Dispose();
-                live[0] = new DelegateEmissionCallback(_ => { });
+                live[^1].Emitter.SetEmissionCallback(shared);
             }
             finally
             {
-                foreach (var callback in live) callback.Dispose();
+                foreach (var stepped in live) stepped.Dispose();
             }
         }
     }

@@ -102,6 +102,7 @@ namespace Velarion.Emulation
             {
                 Native.VelarionEmulator_Streaming_deleteEmitter(emitter);
                 emitter = IntPtr.Zero;
+                Emitter.Dispose();  // lets go of the installed callback's native part
             }
         }
 

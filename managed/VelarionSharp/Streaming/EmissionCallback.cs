@@ -150,19 +150,18 @@ namespace Velarion
             return new Raw.EmissionBridge(this);
         }
 
-        internal bool IsSuspendedFromNative(out bool answer)
+        // A failed query answers with the flag the default one reads.
+        internal bool IsSuspendedFromNative()
         {
-            answer = false;
             if (disposed) return false;
             try
             {
-                answer = OnIsSuspended();
-                return true;
+                return OnIsSuspended();
             }
             catch (Exception e)
             {
                 Report(e, "suspension query");
-                return false;
+                return suspended;
             }
         }
 
@@ -259,9 +258,7 @@ namespace Velarion.Raw
 
         internal EmissionCallback Owner => owner;
 
-        internal bool IsSuspendedFromNative() =>
-            owner.IsSuspendedFromNative(out bool answer) ? answer
-                : velarion_timepointstreamingPINVOKE.EmissionCallbackWrapper_isSuspendedSwigExplicitEmissionCallbackWrapper(SwigHandle);
+        internal bool IsSuspendedFromNative() => owner.IsSuspendedFromNative();
 
         internal void SetSuspendedFromNative(bool suspended) => owner.SetSuspendedFromNative(suspended);
 

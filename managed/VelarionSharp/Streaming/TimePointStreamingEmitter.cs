@@ -1,4 +1,5 @@
 using System;
+using System.Threading;
 using Velarion.Interop;
 
 namespace Velarion
@@ -11,6 +12,9 @@ namespace Velarion
     public sealed class TimePointStreamingEmitter : Emitter
     {
         private Raw.TimePointStreamingEmitter Native => (Raw.TimePointStreamingEmitter)raw;
+
+        // The native part of the installed callback, this emitter's own.
+        private Raw.EmissionBridge? installed;
 
         /// <summary>An emitter on the device <paramref name="identifier"/>, placed at the identity (device space is emitter space).</summary>
         /// <param name="identifier">The device's identifier, as in <see cref="VelarionLibrary.DeviceIdentifiers"/>.</param>
@@ -67,6 +71,18 @@ namespace Velarion
                 bridge?.Dispose();
                 throw Refused("the emission callback could not be installed");
             }
+            // Disposed here, on the replacing thread: from inside the replaced
+            // callback its native part is then freed only after its interval,
+            // never by the collector under the bridge. No lock: the callback
+            // may dispose this emitter while another thread waits here.
+            Interlocked.Exchange(ref installed, bridge)?.Dispose();
+        }
+
+        private protected override void DisposeParts()
+        {
+            // The native emitter holds its callback's part until it is gone:
+            // this only stops the part being entered again.
+            Volatile.Read(ref installed)?.Dispose();
         }
 
         /// <summary>Starts the emission thread.</summary>
