@@ -205,6 +205,52 @@ namespace Velarion.Tests
             next.Dispose();
         }
 
+        // One callback in two emitters that stream at once: each emitter has
+        // its own native part, so the two emission threads never share the rows
+        // an interval is handed in, whatever their counts do meanwhile.
+        [Fact]
+        public void OneCallbackServesTwoStreamingEmittersWhileTheirCountsChange()
+        {
+            const string C10 = "VLC10-5B330107";
+            var seen = new ConcurrentDictionary<int, int>();
+            var failures = new ConcurrentQueue<Exception>();
+            using var bothRunning = new CountdownEvent(2);
+            using var callback = new DelegateEmissionCallback(interval =>
+            {
+                for (int k = 0; k < interval.TimePointCount; ++k)
+                {
+                    foreach (ref var record in interval.Row(k))
+                    {
+                        record.Position = new System.Numerics.Vector3(0, 0, 0.2f);
+                        record.Intensity = 1f;
+                        record.Enabled = true;
+                        record.Modified = true;
+                    }
+                }
+                int thread = Environment.CurrentManagedThreadId;
+                if (seen.AddOrUpdate(thread, 1, (_, n) => n + 1) == 3 && !bothRunning.IsSet) bothRunning.Signal();
+            });
+            callback.EmissionFailed += failures.Enqueue;
+            using var first = new TimePointStreamingEmitter(A16);
+            using var second = new TimePointStreamingEmitter(C10);
+            first.SetEmissionCallback(callback);
+            second.SetEmissionCallback(callback);
+            first.Start();
+            second.Start();
+            Assert.True(bothRunning.Wait(TimeSpan.FromSeconds(10)), "both emitters call the one callback");
+
+            for (int round = 0; round < 200; ++round)
+            {
+                int count = round % 2 == 0 ? 32 : 1;
+                Assert.Equal(count, first.SetMaximumControlPointCount(count));
+                Assert.Equal(count, second.SetMaximumControlPointCount(count));
+            }
+            first.Stop();
+            second.Stop();
+            Assert.Empty(failures);
+            Assert.Equal(2, seen.Count);
+        }
+
         [Fact]
         public void DisposedCallbacksGiveTheirStaticEntryBackAndTheLimitIsAnException()
         {

@@ -28,12 +28,16 @@ namespace Velarion.Tests
             foreach (string file in Directory.GetFiles(folder, "*.cs"))
             {
                 string[] lines = File.ReadAllLines(file);
+                // A region inside a method is quoted with its file's using
+                // directives first, so that the block compiles on its own.
+                var usings = lines.TakeWhile(l => !l.StartsWith("namespace")).Where(l => l.StartsWith("using ")).ToList();
                 for (int i = 0; i < lines.Length; ++i)
                 {
                     Match start = RegionStart.Match(lines[i]);
                     if (!start.Success) continue;
                     string indent = start.Groups[1].Value;
                     var body = new List<string>();
+                    if (indent.Length > 0 && usings.Count > 0) body.AddRange(usings.Append(""));
                     for (++i; i < lines.Length && lines[i].Trim() != "#endregion"; ++i)
                     {
                         string line = lines[i];

@@ -1,6 +1,7 @@
 using System;
 using System.Numerics;
 using System.Threading;
+using Velarion;
 
 namespace Velarion.Guide
 {

@@ -1,4 +1,5 @@
 using System;
+using Velarion;
 
 namespace Velarion.Guide
 {

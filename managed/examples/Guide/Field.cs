@@ -1,6 +1,7 @@
 using System;
 using System.IO;
 using System.Numerics;
+using Velarion;
 using Velarion.Emulation;
 using Velarion.Emulation.Plotting;
 

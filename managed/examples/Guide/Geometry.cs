@@ -1,5 +1,6 @@
 using System;
 using Numerics = System.Numerics;
+using Velarion;
 
 namespace Velarion.Guide
 {

@@ -1,5 +1,6 @@
 using System;
 using Microsoft.Extensions.Logging;
+using Velarion;
 using Velarion.Extensions.Logging;
 
 namespace Velarion.Guide
@@ -34,6 +35,7 @@ namespace Velarion.Guide
         {
             #region guide: log-ilogger
             // dotnet add package VelarionSharp.Extensions.Logging
+            // dotnet add package Microsoft.Extensions.Logging.Console
             using var factory = LoggerFactory.Create(builder => builder.AddSimpleConsole(o => o.SingleLine = true));
             using var library = new VelarionLibrary();
             // Every level, one category per area of the device library ("Velarion.Configuration", ...);
