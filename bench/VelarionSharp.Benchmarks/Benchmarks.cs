@@ -22,11 +22,10 @@ namespace Velarion.Benchmarks
         }
     }
 
-    /// <summary>Vector addition: through the binding, the same export by hand, and pure managed.</summary>
+    /// <summary>Vector addition: through the binding (values by pointer), the same export by hand, and pure managed.</summary>
     [MemoryDiagnoser]
     public class VectorAddition
     {
-        private BoundVectors bound;
         private IntPtr a;
         private IntPtr b;
         private System.Numerics.Vector3 managedA = new(1f, 2f, 3f);
@@ -35,7 +34,6 @@ namespace Velarion.Benchmarks
         [GlobalSetup]
         public void SetUp()
         {
-            bound = new BoundVectors();
             a = Floor.NewVector(1f, 2f, 3f);
             b = Floor.NewVector(0.5f, -1f, 4f);
         }
@@ -43,16 +41,12 @@ namespace Velarion.Benchmarks
         [GlobalCleanup]
         public void CleanUp()
         {
-            bound.Dispose();
             Floor.DeleteVector(a);
             Floor.DeleteVector(b);
         }
 
-        [Benchmark(Description = "binding, result disposed")]
-        public void Binding() => bound.AddAndDispose();
-
-        [Benchmark(Description = "binding, result left to the finalizer")]
-        public object BindingNotDisposed() => bound.AddAndDrop();
+        [Benchmark(Description = "binding: NVector3 + NVector3")]
+        public NVector3 Binding() => BoundGeometry.Add();
 
         [Benchmark(Baseline = true, Description = "floor: [LibraryImport] of the export")]
         public void LibraryImport() => Floor.DeleteVector(Floor.AddVectors(a, b));
@@ -61,15 +55,10 @@ namespace Velarion.Benchmarks
         public System.Numerics.Vector3 PureManaged() => managedA + managedB;
     }
 
-    /// <summary>
-    /// A position moved by a 4 x 4 matrix: through proxies (operand and result
-    /// are native objects), through the System.Numerics overload (no proxy),
-    /// the export by hand, and pure managed.
-    /// </summary>
+    /// <summary>A position moved by a 4 x 4 matrix: through the binding, the export by hand, and pure managed.</summary>
     [MemoryDiagnoser]
     public class TransformPosition
     {
-        private BoundMatrix bound;
         private IntPtr matrix;
         private IntPtr position;
         private readonly System.Numerics.Vector3 point = new(0.1f, 0.2f, 0.3f);
@@ -78,7 +67,6 @@ namespace Velarion.Benchmarks
         [GlobalSetup]
         public void SetUp()
         {
-            bound = new BoundMatrix();
             matrix = Floor.IdentityMatrix();
             position = Floor.NewVector(0.1f, 0.2f, 0.3f);
         }
@@ -86,16 +74,12 @@ namespace Velarion.Benchmarks
         [GlobalCleanup]
         public void CleanUp()
         {
-            bound.Dispose();
             Floor.DeleteMatrix(matrix);
             Floor.DeleteVector(position);
         }
 
-        [Benchmark(Description = "binding: NVector3 in and out, result disposed")]
-        public float Proxies() => bound.ThroughProxies();
-
-        [Benchmark(Description = "binding: System.Numerics.Vector3 in and out")]
-        public System.Numerics.Vector3 Numerics() => bound.ThroughNumerics(point);
+        [Benchmark(Description = "binding: Matrix4x4.TransformPosition")]
+        public System.Numerics.Vector3 Binding() => BoundGeometry.Transform(point);
 
         [Benchmark(Baseline = true, Description = "floor: [LibraryImport] of the export")]
         public void LibraryImport() => Floor.DeleteVector(Floor.TransformPosition(matrix, position));
@@ -104,50 +88,47 @@ namespace Velarion.Benchmarks
         public System.Numerics.Vector3 PureManaged() => System.Numerics.Vector3.Transform(point, managed);
     }
 
-    /// <summary>One string element of a StringList.</summary>
+    /// <summary>
+    /// A game loop's frame: one focal point moved and sent to an amplitude
+    /// modulation emitter on the emulator, through the binding and through the
+    /// same exports by hand (the emulator's own work is in both).
+    /// </summary>
     [MemoryDiagnoser]
-    public class StringListElement
+    public class FocalPointFrame
     {
-        private const string Text = "VLA16-2A1F0031";
-        private BoundStringList bound;
-        private IntPtr list;
-        private List<string> managed;
+        private BoundFocalPoint bound;
+        private IntPtr emitter;
+        private IntPtr collection;
+        private IntPtr point;
+        private float x;
 
         [GlobalSetup(Target = nameof(Binding))]
-        public void SetUpBinding() => bound = new BoundStringList(Text);
+        public void SetUpBinding() => bound = new BoundFocalPoint(BoundFocalPoint.FirstDevice());
 
-        // Registers its own string callback for the module: only in its own
-        // process, which never touches the binding.
         [GlobalSetup(Target = nameof(LibraryImport))]
         public void SetUpFloor()
         {
-            Floor.UseDecodeOnceStrings();
-            list = Floor.NewStringList();
-            Floor.AddString(list, Text);
+            emitter = Floor.NewAmplitudeModulationEmitter(BoundFocalPoint.FirstDevice());
+            collection = Floor.NewControlPointCollection();
+            point = Floor.NewControlPoint(0f, 0f, 0.2f, 1f, 125f);
         }
-
-        [GlobalSetup(Target = nameof(PureManaged))]
-        public void SetUpManaged() => managed = new List<string> { Text };
 
         [GlobalCleanup]
         public void CleanUp()
         {
             bound?.Dispose();
-            if (list != IntPtr.Zero) Floor.DeleteStringList(list);
+            if (emitter != IntPtr.Zero) Floor.DeleteAmplitudeModulationEmitter(emitter);
+            if (collection != IntPtr.Zero) Floor.DeleteControlPointCollection(collection);
+            if (point != IntPtr.Zero) Floor.DeleteControlPoint(point);
         }
 
-        [Benchmark(Description = "binding: list[0]")]
-        public string Binding() => bound.Read();
+        private float Next() => x = x > 0.05f ? -0.05f : x + 0.0001f;
 
-        [Benchmark(Baseline = true, Description = "floor: [LibraryImport], string decoded once")]
-        public string LibraryImport()
-        {
-            Floor.GetItem(list, 0);
-            return Floor.TakeString();
-        }
+        [Benchmark(Description = "binding: Update(span of one point)")]
+        public void Binding() => bound.Frame(Next());
 
-        [Benchmark(Description = "floor: List<string>[0]")]
-        public string PureManaged() => managed[0];
+        [Benchmark(Baseline = true, Description = "floor: [LibraryImport] of the same exports")]
+        public void LibraryImport() => Floor.SendOnePoint(emitter, collection, point, Next());
     }
 
     /// <summary>

@@ -6,57 +6,43 @@ namespace Velarion.Benchmarks
     // The only file that names the binding's public surface: when that surface
     // changes, this is what follows it.
 
-    internal sealed class BoundVectors : IDisposable
+    internal static class BoundGeometry
     {
-        private readonly NVector3 a = new NVector3(1f, 2f, 3f);
-        private readonly NVector3 b = new NVector3(0.5f, -1f, 4f);
+        private static readonly NVector3 A = new NVector3(1f, 2f, 3f);
+        private static readonly NVector3 B = new NVector3(0.5f, -1f, 4f);
+        private static readonly Matrix4x4 Matrix = Matrix4x4.Identity;
 
-        public void AddAndDispose()
+        public static NVector3 Add() => A + B;
+
+        public static System.Numerics.Vector3 Transform(System.Numerics.Vector3 point) => Matrix.TransformPosition(point);
+    }
+
+    // A game loop's frame: one focal point moved and sent.
+    internal sealed class BoundFocalPoint : IDisposable
+    {
+        private readonly VelarionLibrary library = new VelarionLibrary();
+        private readonly AmplitudeModulationEmitter emitter;
+        private readonly AmplitudeModulationControlPoint[] points = { new AmplitudeModulationControlPoint(0f, 0f, 0.2f) };
+
+        public BoundFocalPoint(string device) => emitter = new AmplitudeModulationEmitter(device);
+
+        public static string FirstDevice()
         {
-            using (a + b)
-            {
-            }
+            using var library = new VelarionLibrary();
+            return library.DeviceIdentifiers[0];
         }
 
-        // Left to the finalizer, as code that never disposes results does.
-        public object AddAndDrop() => a + b;
+        public void Frame(float x)
+        {
+            points[0].Position = new NVector3(x, 0f, 0.2f);
+            emitter.Update(points);
+        }
 
         public void Dispose()
         {
-            a.Dispose();
-            b.Dispose();
+            emitter.Dispose();
+            library.Dispose();
         }
-    }
-
-    internal sealed class BoundMatrix : IDisposable
-    {
-        private readonly Matrix4x4 matrix = Matrix4x4.Identity();
-        private readonly NVector3 position = new NVector3(0.1f, 0.2f, 0.3f);
-
-        public float ThroughProxies()
-        {
-            using NVector3 moved = matrix.TransformPosition(position);
-            return moved.X;
-        }
-
-        public System.Numerics.Vector3 ThroughNumerics(System.Numerics.Vector3 point) => matrix.TransformPosition(point);
-
-        public void Dispose()
-        {
-            matrix.Dispose();
-            position.Dispose();
-        }
-    }
-
-    internal sealed class BoundStringList : IDisposable
-    {
-        private readonly StringList list = new StringList();
-
-        public BoundStringList(string text) => list.Add(text);
-
-        public string Read() => list[0];
-
-        public void Dispose() => list.Dispose();
     }
 
     internal sealed class BoundStreaming : IDisposable

@@ -1,7 +1,6 @@
 using System;
 using System.Runtime.CompilerServices;
 using System.Runtime.InteropServices;
-using System.Text;
 
 namespace Velarion.Benchmarks
 {
@@ -32,20 +31,58 @@ namespace Velarion.Benchmarks
         [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_Matrix4x4_transformPosition")]
         internal static partial IntPtr TransformPosition(IntPtr matrix, IntPtr position);
 
-        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_new_StringList__SWIG_0")]
-        internal static partial IntPtr NewStringList();
+        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_new_AmplitudeModulationEmitter__SWIG_1", StringMarshalling = StringMarshalling.Utf8)]
+        internal static partial IntPtr NewAmplitudeModulationEmitter(string identifier);
 
-        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_delete_StringList")]
-        internal static partial void DeleteStringList(IntPtr list);
+        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_delete_AmplitudeModulationEmitter")]
+        internal static partial void DeleteAmplitudeModulationEmitter(IntPtr emitter);
 
-        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_StringList_Add", StringMarshalling = StringMarshalling.Utf8)]
-        internal static partial void AddString(IntPtr list, string value);
+        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_new_ControlPointCollection")]
+        internal static partial IntPtr NewControlPointCollection();
 
-        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_StringList_getitem")]
-        internal static partial IntPtr GetItem(IntPtr list, int index);
+        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_delete_ControlPointCollection")]
+        internal static partial void DeleteControlPointCollection(IntPtr collection);
 
-        [LibraryImport(Interop, EntryPoint = "SWIGRegisterStringCallback_velarion")]
-        internal static partial void RegisterStringCallback(delegate* unmanaged<byte*, IntPtr> callback);
+        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_new_AmplitudeModulationControlPoint__SWIG_0")]
+        internal static partial IntPtr NewControlPoint(float x, float y, float z, float intensity, float frequency);
+
+        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_delete_AmplitudeModulationControlPoint")]
+        internal static partial void DeleteControlPoint(IntPtr point);
+
+        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_ControlPointCollection_clear")]
+        private static partial void ClearPoints(IntPtr collection);
+
+        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_ControlPointCollection_add")]
+        private static partial void AddPoint(IntPtr collection, IntPtr point);
+
+        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_AmplitudeModulationControlPoint_setPosition")]
+        private static partial void SetPosition(IntPtr point, System.Numerics.Vector3* position);
+
+        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_AmplitudeModulationControlPoint_setDirection")]
+        private static partial void SetDirection(IntPtr point, System.Numerics.Vector3* direction);
+
+        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_AmplitudeModulationControlPoint_setIntensity")]
+        private static partial void SetIntensity(IntPtr point, float intensity);
+
+        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_AmplitudeModulationControlPoint_setFrequency")]
+        private static partial void SetFrequency(IntPtr point, float frequency);
+
+        [LibraryImport(Interop, EntryPoint = "CSharp_Velarion_AmplitudeModulationEmitter_update_internal")]
+        private static partial uint Update(IntPtr emitter, IntPtr collection);
+
+        /// <summary>The calls the binding's update makes for one point, with nothing around them.</summary>
+        internal static void SendOnePoint(IntPtr emitter, IntPtr collection, IntPtr point, float x)
+        {
+            var position = new System.Numerics.Vector3(x, 0f, 0.2f);
+            var direction = default(System.Numerics.Vector3);
+            ClearPoints(collection);
+            SetPosition(point, &position);
+            SetDirection(point, &direction);
+            SetIntensity(point, 1f);
+            SetFrequency(point, 125f);
+            AddPoint(collection, point);
+            if (Update(emitter, collection) == 0) throw new InvalidOperationException("the update was refused");
+        }
 
         [LibraryImport(Emulator, EntryPoint = "VelarionEmulator_Streaming_newEmitter")]
         internal static partial IntPtr NewSteppedEmitter();
@@ -90,28 +127,6 @@ namespace Velarion.Benchmarks
             ConnectDirector(wrapper, IntPtr.Zero, IntPtr.Zero, &EditEveryRecord);
             SetEmissionCallback(emitter, wrapper);
             return wrapper;
-        }
-
-        // The string the export just handed over: decoded once, straight from
-        // the native text, with no native copy and no second marshalling.
-        [ThreadStatic] private static string lastString;
-
-        [UnmanagedCallersOnly]
-        private static IntPtr DecodeOnce(byte* text)
-        {
-            lastString = text == null ? null : Encoding.UTF8.GetString(MemoryMarshal.CreateReadOnlySpanFromNullTerminated(text));
-            return IntPtr.Zero;
-        }
-
-        /// <summary>Makes the velarion module hand strings to <see cref="TakeString"/>.</summary>
-        internal static void UseDecodeOnceStrings() => RegisterStringCallback(&DecodeOnce);
-
-        [MethodImpl(MethodImplOptions.AggressiveInlining)]
-        internal static string TakeString()
-        {
-            var text = lastString;
-            lastString = null;
-            return text;
         }
     }
 

@@ -203,15 +203,17 @@ namespace Velarion
             }
         }
 
+        // The names are made only for an exception: a frame's update allocates nothing.
         private static void Check(in AmplitudeModulationControlPoint point, int index, float highestFrequency)
         {
-            string name = $"points[{index}]";
-            Arguments.Finite(point.Position, name + ".Position");
-            Arguments.Finite(point.Direction, name + ".Direction");
+            if (!Arguments.IsFinite(point.Position))
+                throw new ArgumentOutOfRangeException($"points[{index}].Position", point.Position, "every component must be a finite number");
+            if (!Arguments.IsFinite(point.Direction))
+                throw new ArgumentOutOfRangeException($"points[{index}].Direction", point.Direction, "every component must be a finite number");
             if (!(point.Intensity >= 0f && point.Intensity <= 1f))
-                throw new ArgumentOutOfRangeException(name + ".Intensity", point.Intensity, "must be from 0 to 1");
+                throw new ArgumentOutOfRangeException($"points[{index}].Intensity", point.Intensity, "must be from 0 to 1");
             if (!(point.Frequency >= 0f && point.Frequency <= highestFrequency))
-                throw new ArgumentOutOfRangeException(name + ".Frequency", point.Frequency,
+                throw new ArgumentOutOfRangeException($"points[{index}].Frequency", point.Frequency,
                     $"must be from 0 to {highestFrequency} Hz (half the sample rate)");
         }
 

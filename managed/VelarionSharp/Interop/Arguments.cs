@@ -19,26 +19,14 @@ namespace Velarion.Interop
             return value;
         }
 
-        internal static float Finite(float value, string parameter)
-        {
-            if (float.IsNaN(value) || float.IsInfinity(value))
-                throw new ArgumentOutOfRangeException(parameter, value, "must be a finite number");
-            return value;
-        }
-
-        internal static NVector3 Finite(NVector3 value, string parameter)
-        {
-            if (!IsFinite(value.X) || !IsFinite(value.Y) || !IsFinite(value.Z))
-                throw new ArgumentOutOfRangeException(parameter, value, "every component must be a finite number");
-            return value;
-        }
-
         internal static int InRange(int value, int minimum, int maximum, string parameter)
         {
             if (value < minimum || value > maximum)
                 throw new ArgumentOutOfRangeException(parameter, value, $"must be from {minimum} to {maximum}");
             return value;
         }
+
+        internal static bool IsFinite(NVector3 v) => IsFinite(v.X) && IsFinite(v.Y) && IsFinite(v.Z);
 
         private static bool IsFinite(float value) => !float.IsNaN(value) && !float.IsInfinity(value);
     }
