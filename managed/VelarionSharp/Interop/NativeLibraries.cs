@@ -1,4 +1,6 @@
 using System;
+using System.Reflection;
+using System.Runtime.CompilerServices;
 using System.Runtime.InteropServices;
 
 namespace Velarion
@@ -32,11 +34,38 @@ namespace Velarion
             }
         }
 
+#if NET5_0_OR_GREATER
+        // Every import of this assembly, whichever is called first (geometry
+        // needs no library object), reports a missing library the same way.
+        [ModuleInitializer]
+        internal static void ReportMissingLibraries() =>
+            NativeLibrary.SetDllImportResolver(typeof(NativeLibraries).Assembly, Resolve);
+
+        private static IntPtr Resolve(string name, Assembly assembly, DllImportSearchPath? searchPath)
+        {
+            if (name != "VelarionCSharp") return IntPtr.Zero;  // the runtime's own probing
+            if (NativeLibrary.TryLoad(name, assembly, searchPath, out IntPtr handle)) return handle;
+            try
+            {
+                return NativeLibrary.Load(name, assembly, searchPath);
+            }
+            catch (DllNotFoundException e)
+            {
+                // The interop library loads only with the device library beside it.
+                if (NativeLibrary.TryLoad("Velarion", assembly, searchPath, out _))
+                    throw new DllNotFoundException(
+                        "The binding's interop library (VelarionCSharp) could not be loaded although the device library " +
+                        "was found: reinstall the VelarionSharp package for this runtime.", e);
+                throw Missing(e);
+            }
+        }
+#endif
+
         internal static DllNotFoundException Missing(Exception cause) =>
             new DllNotFoundException(
                 $"The Velarion device library ({DeviceLibraryFile}) could not be loaded. Either install the vendor's " +
                 $"device library so that {DeviceLibraryFile} is beside the application or on the system's library search " +
-                "path, or add the VelarionSharp.Emulator package to run on the emulator. (" + cause.Message + ")",
+                "path, or add the VelarionSharp.Emulator package to run on the emulator.",
                 cause);
     }
 }
