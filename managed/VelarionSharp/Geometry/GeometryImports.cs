@@ -75,39 +75,18 @@ namespace Velarion.Interop
         [DllImport(Library, EntryPoint = Prefix + "Transform_toString")] internal static extern IntPtr TransformToString(Transform* self);
         [DllImport(Library, EntryPoint = Prefix + "operator_multiply__SWIG_7")] internal static extern Transform* TransformCompose(Transform* a, Transform* b);
 
-        // The native result, read and freed.
-        internal static NVector3 Take(NVector3* result)
+        // The native result, read and freed by its own type's delete export
+        // (the type tests are constants to the JIT: one call remains).
+        internal static T Take<T>(T* result) where T : unmanaged
         {
-            NVector3 value = *Checked(result);
-            DeleteVector(result);
-            return value;
-        }
-
-        internal static Quaternion Take(Quaternion* result)
-        {
-            Quaternion value = *Checked(result);
-            DeleteQuaternion(result);
-            return value;
-        }
-
-        internal static Matrix3x3 Take(Matrix3x3* result)
-        {
-            Matrix3x3 value = *Checked(result);
-            DeleteMatrix3x3(result);
-            return value;
-        }
-
-        internal static Matrix4x4 Take(Matrix4x4* result)
-        {
-            Matrix4x4 value = *Checked(result);
-            DeleteMatrix4x4(result);
-            return value;
-        }
-
-        internal static Transform Take(Transform* result)
-        {
-            Transform value = *Checked(result);
-            DeleteTransform(result);
+            if (result == null) throw new OutOfMemoryException("the device library could not allocate a geometry result");
+            T value = *result;
+            if (typeof(T) == typeof(NVector3)) DeleteVector(result);
+            else if (typeof(T) == typeof(Quaternion)) DeleteQuaternion(result);
+            else if (typeof(T) == typeof(Matrix3x3)) DeleteMatrix3x3(result);
+            else if (typeof(T) == typeof(Matrix4x4)) DeleteMatrix4x4(result);
+            else if (typeof(T) == typeof(Transform)) DeleteTransform(result);
+            else throw new NotSupportedException(typeof(T).Name);
             return value;
         }
 
@@ -117,8 +96,5 @@ namespace Velarion.Interop
             Raw.velarionPINVOKE.EnsureRegistered();
             return NativeStrings.Take(made);
         }
-
-        private static T* Checked<T>(T* result) where T : unmanaged =>
-            result != null ? result : throw new OutOfMemoryException("the device library could not allocate a geometry result");
     }
 }
