@@ -44,19 +44,31 @@ namespace Velarion
         public Span<EmissionControlPointRecord> Records => records;
 
         /// <summary>The control points of time point <paramref name="timePoint"/>.</summary>
+        /// <param name="timePoint">From 0 to <see cref="TimePointCount"/> − 1.</param>
+        /// <returns>The row's first <see cref="ControlPointCount"/> records, edited in place.</returns>
+        /// <exception cref="ArgumentOutOfRangeException"><paramref name="timePoint"/> lies outside the interval.</exception>
         public Span<EmissionControlPointRecord> Row(int timePoint) =>
-            records.Slice(checked(timePoint * Stride), ControlPointCount);
+            records.Slice(CheckedTimePoint(timePoint) * Stride, ControlPointCount);
 
         /// <summary>The record of control point <paramref name="controlPoint"/> at time point <paramref name="timePoint"/>.</summary>
-        /// <exception cref="ArgumentOutOfRangeException">either index outside the interval</exception>
+        /// <param name="timePoint">From 0 to <see cref="TimePointCount"/> − 1.</param>
+        /// <param name="controlPoint">From 0 to <see cref="ControlPointCount"/> − 1.</param>
+        /// <returns>The record, edited in place.</returns>
+        /// <exception cref="ArgumentOutOfRangeException">Either index lies outside the interval.</exception>
         public ref EmissionControlPointRecord this[int timePoint, int controlPoint]
         {
             get
             {
-                if ((uint)controlPoint >= (uint)ControlPointCount) throw new ArgumentOutOfRangeException(nameof(controlPoint));
-                return ref records[checked(timePoint * Stride + controlPoint)];
+                if ((uint)controlPoint >= (uint)ControlPointCount)
+                    throw new ArgumentOutOfRangeException(nameof(controlPoint), controlPoint, $"must be from 0 to {ControlPointCount - 1}");
+                return ref records[CheckedTimePoint(timePoint) * Stride + controlPoint];
             }
         }
+
+        private int CheckedTimePoint(int timePoint) =>
+            (uint)timePoint < (uint)TimePointCount
+                ? timePoint
+                : throw new ArgumentOutOfRangeException(nameof(timePoint), timePoint, $"must be from 0 to {TimePointCount - 1}");
     }
 
     /// <summary>

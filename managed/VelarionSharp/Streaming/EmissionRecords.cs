@@ -18,6 +18,8 @@ namespace Velarion
         [FieldOffset(8)] public readonly uint Fraction;
 
         /// <summary>A time of <paramref name="seconds"/> plus <paramref name="fraction"/> × 2^-32 s.</summary>
+        /// <param name="seconds">Whole seconds since the steady clock's epoch.</param>
+        /// <param name="fraction">The part of a second, in units of 2^-32 s.</param>
         public HostTime(long seconds, uint fraction)
         {
             Seconds = seconds;
@@ -39,17 +41,26 @@ namespace Velarion
             }
         }
 
-        /// <summary>Same seconds and fraction.</summary>
+        /// <summary>Whether both hold the same seconds and fraction.</summary>
+        /// <param name="other">The time to compare with.</param>
+        /// <returns>true when equal.</returns>
         public bool Equals(HostTime other) => Seconds == other.Seconds && Fraction == other.Fraction;
         /// <inheritdoc/>
         public override bool Equals(object? obj) => obj is HostTime other && Equals(other);
         /// <inheritdoc/>
         public override int GetHashCode() => HashCode.Combine(Seconds, Fraction);
-        /// <summary>Same seconds and fraction.</summary>
+        /// <summary>Whether both hold the same seconds and fraction.</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>true when equal.</returns>
         public static bool operator ==(HostTime a, HostTime b) => a.Equals(b);
-        /// <summary>Different seconds or fraction.</summary>
+        /// <summary>Whether the seconds or the fraction differ.</summary>
+        /// <param name="a">The left operand.</param>
+        /// <param name="b">The right operand.</param>
+        /// <returns>true when different.</returns>
         public static bool operator !=(HostTime a, HostTime b) => !a.Equals(b);
-        /// <summary>"seconds s + fraction/2^32".</summary>
+        /// <summary>The time as "seconds s + fraction/2^32".</summary>
+        /// <returns>The text.</returns>
         public override string ToString() => $"{Seconds} s + {Fraction}/2^32";
     }
 
