@@ -159,8 +159,8 @@ namespace Velarion
                                           : "the emitter's device is not connected");
         }
 
-        /// <summary>Emits <paramref name="points"/> (copied) until the next update; no points stops emitting.</summary>
-        /// <param name="points">At most <see cref="Emitter.MaximumControlPointLimit"/> points.</param>
+        /// <summary>Emits the points of an array (copied), or of an argument list, until the next update.</summary>
+        /// <param name="points">At most <see cref="Emitter.MaximumControlPointLimit"/> points; none stops emitting.</param>
         /// <exception cref="ArgumentNullException"><paramref name="points"/> is null.</exception>
         /// <exception cref="ArgumentOutOfRangeException">Too many points, or a point out of range; the message names the point.</exception>
         /// <exception cref="InvalidOperationException">The device library refused (for example: its device is not connected).</exception>

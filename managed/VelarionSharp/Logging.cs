@@ -111,7 +111,7 @@ namespace Velarion
         private readonly LogHandler handler;
         private readonly FailureReport failures = new FailureReport("log", "handler");
 
-        /// <summary>A callback that runs <paramref name="handler"/> for each line.</summary>
+        /// <summary>A callback that hands each line to <paramref name="handler"/> with its sequence number.</summary>
         /// <param name="handler">Called with the message, level, sequence number and area.</param>
         /// <exception cref="ArgumentNullException"><paramref name="handler"/> is null.</exception>
         public DelegateLoggingCallback(LogHandler handler)
@@ -121,7 +121,7 @@ namespace Velarion
             Bridge = new Raw.LoggingBridge(this);
         }
 
-        /// <summary>A callback that runs <paramref name="handler"/> for each line.</summary>
+        /// <summary>A callback that hands each line's message, level and area to <paramref name="handler"/>.</summary>
         /// <param name="handler">Called with the message, level and area.</param>
         /// <exception cref="ArgumentNullException"><paramref name="handler"/> is null.</exception>
         public DelegateLoggingCallback(Action<string, DeviceLogLevel, string> handler)
