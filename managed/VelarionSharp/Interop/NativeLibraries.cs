@@ -37,7 +37,11 @@ namespace Velarion
 #if NET5_0_OR_GREATER
         // Every import of this assembly, whichever is called first (geometry
         // needs no library object), reports a missing library the same way.
+        // A library's module initializer, on purpose: the resolver must be in
+        // place before the application's first call of any import.
+#pragma warning disable CA2255
         [ModuleInitializer]
+#pragma warning restore CA2255
         internal static void ReportMissingLibraries() =>
             NativeLibrary.SetDllImportResolver(typeof(NativeLibraries).Assembly, Resolve);
 
