@@ -488,4 +488,68 @@ TEST_F(MissedDeadlineReports, TheFirstAtOnceThenAtMostOneLineASecondWithTheCount
     reported += std::stoull(lines[i]);
   }
   EXPECT_EQ(reported, stats.missedDeadlines);
+  // Without lead time every interval reaches its callback already late: the
+  // statistics and the lines put it on the thread, not on the callback.
+  EXPECT_EQ(stats.lateCalls, stats.missedDeadlines);
+  EXPECT_NE(lines.front().find(" us after the deadline"), std::string::npos) << lines.front();
+}
+
+// A move re-points the emitter the callback is handed, and the moved-from
+// emitter may be freed as soon as the move returns: so the move waits for a
+// callback in progress, as destruction does for a stepped one.
+TEST_F(EmulatorCallbacks, MovesAndDestructionWaitForTheRunningCallback) {
+  auto* original = new StreamingEmitter(kDevice);
+  HeldCall held;
+  ASSERT_TRUE(original->setEmissionCallback(&HeldCall::onInterval, &held));
+  std::unique_ptr<StreamingEmitter> moved;
+  expectReplacementWaits(
+      held, [&] { ASSERT_TRUE(original->start()); },
+      [&] { moved = std::make_unique<StreamingEmitter>(std::move(*original)); });
+  delete original;
+  struct Handed {
+    const StreamingEmitter* expected;
+    std::atomic<int> calls{0};
+    std::atomic<int> wrong{0};
+  } handed{moved.get()};
+  moved->setEmissionCallback(
+      [](const StreamingEmitter& self, OutputInterval&, const Velarion::HostTimePoint&, void* user) {
+        auto* h = static_cast<Handed*>(user);
+        if (&self != h->expected || self.getMaximumControlPointCount() != 1) ++h->wrong;
+        ++h->calls;
+      },
+      &handed);
+  ASSERT_TRUE(eventually([&] { return handed.calls > 3; }));
+  EXPECT_EQ(handed.wrong, 0);
+  moved.reset();
+
+  auto* stepped = static_cast<StreamingEmitter*>(VelarionEmulator_Streaming_newEmitter());
+  HeldCall heldStep;
+  ASSERT_TRUE(stepped->setEmissionCallback(&HeldCall::onInterval, &heldStep));
+  expectReplacementWaits(
+      heldStep, [&] { EXPECT_EQ(VelarionEmulator_Streaming_step(stepped, 0, 25000, 8, 1), 0); },
+      [&] { VelarionEmulator_Streaming_deleteEmitter(stepped); });
+}
+
+// From inside the callback a move cannot wait for it: it returns at once, and
+// the next interval is handed the new emitter.
+TEST_F(EmulatorCallbacks, ACallbackMayMoveItsOwnEmitter) {
+  struct Context {
+    StreamingEmitter* emitter;
+    StreamingEmitter* moved = nullptr;
+    std::atomic<int> calls{0};
+    std::atomic<int> handedMoved{0};
+  } context{new StreamingEmitter(kDevice)};
+  context.emitter->setEmissionCallback(
+      [](const StreamingEmitter& self, OutputInterval&, const Velarion::HostTimePoint&, void* user) {
+        auto* c = static_cast<Context*>(user);
+        if (++c->calls == 2) c->moved = new StreamingEmitter(std::move(*c->emitter));
+        if (&self == c->moved) ++c->handedMoved;
+      },
+      &context);
+  finishesWithin(seconds(10), "a move from inside the emission callback", [&] {
+    ASSERT_TRUE(context.emitter->start());
+    ASSERT_TRUE(eventually([&] { return context.handedMoved > 2; }));
+  });
+  delete context.moved;
+  delete context.emitter;
 }

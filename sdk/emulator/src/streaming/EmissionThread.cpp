@@ -112,7 +112,9 @@ void EmissionRecord::clear() {
   intervals = 0;
   timePoints = 0;
   missedDeadlines = 0;
+  lateCalls = 0;
   worstLatenessNanoseconds = 0;
+  worstWakeUpLatenessNanoseconds = 0;
   firstTimeNanoseconds = 0;
   lastTimeNanoseconds = 0;
   raisedPriority = false;
@@ -174,6 +176,7 @@ void EmitterImplementation::run(uint64_t run) {
   HostTimePoint next = streaming::timePointOf(steadyNow() + leadNanoseconds);
   int64_t firstNanoseconds = streaming::nanosecondsOf(next);
   std::string stopReason;
+  int64_t wokeLate = 0;
 
   while (!stopping(run)) {
     // Settings take effect here, at the start of an interval.
@@ -187,6 +190,8 @@ void EmitterImplementation::run(uint64_t run) {
     if (writeNotedLines(lock)) continue;  // settings may have changed meanwhile
     if (steadyNow() < handOut) {
       wake.wait_until(lock, steadyAt(handOut), [this, run] { return stopping(run); });
+      // How much later than asked the system let the thread run again.
+      wokeLate = std::max<int64_t>(wokeLate, steadyNow() - handOut);
       continue;
     }
 
@@ -213,6 +218,7 @@ void EmitterImplementation::run(uint64_t run) {
     const int64_t called = steadyNow();
     std::string failure;
     if (answer != nullptr) {
+      const IntervalInProgress inProgress(this, points);
       try {
         answer(*facade, interval, streaming::timePointOf(called), answerData);
       } catch (const std::exception& e) {
@@ -244,9 +250,13 @@ void EmitterImplementation::run(uint64_t run) {
       ++r.intervals;
       r.timePoints += count;
       r.addCallback(answered - called);
+      r.worstWakeUpLatenessNanoseconds = std::max(r.worstWakeUpLatenessNanoseconds, wokeLate);
       if (answered > deadline) {
         ++r.missedDeadlines;
         r.worstLatenessNanoseconds = std::max(r.worstLatenessNanoseconds, answered - deadline);
+        // Already past its deadline when the callback was called: the thread
+        // woke late, or was catching up after a late interval.
+        if (called > deadline) ++r.lateCalls;
       }
     }
 
@@ -263,7 +273,16 @@ void EmitterImplementation::run(uint64_t run) {
       ++missesSinceLog;
       const auto now = Clock::now();
       if (!missReported || now - lastMissLog >= std::chrono::seconds(1)) {
-        const std::string lateness = microsecondsText(answered - deadline) + " us";
+        // Whose lateness it was: the callback's, or the thread's own.
+        std::string lateness = microsecondsText(answered - deadline) + " us";
+        if (called <= deadline) {
+          lateness += " (its callback took " + microsecondsText(answered - called) + " us)";
+        } else {
+          lateness += " (it reached its callback " + microsecondsText(called - deadline) + " us after the deadline" +
+                      (wokeLate > 0 ? ", the system having woken the emission thread " + microsecondsText(wokeLate) +
+                                          " us late)"
+                                    : ", catching up after an earlier late interval)");
+        }
         note(LogLevel::Warning, !missReported ? "An output interval missed its deadline by " + lateness
                                               : std::to_string(missesSinceLog) +
                                                     " output intervals missed their deadlines since the last "
@@ -274,6 +293,7 @@ void EmitterImplementation::run(uint64_t run) {
         missesSinceLog = 0;
       }
     }
+    wokeLate = 0;
     if (!failure.empty()) {
       note(LogLevel::Error, "The emission callback threw (" + failure + "); emission stops");
       stopReason = " (the emission callback threw)";
