@@ -127,6 +127,16 @@ class RealTimeEmission : public ExportTest {
     return call<unsigned(void*)>((std::string("CSharp_Velarion_TimePointStreamingEmitter_") + member).c_str(), handle);
   }
   Emitter& emitter() const { return *static_cast<Emitter*>(handle); }
+  // Streams the circle through the bridge.
+  void startDrawing() {
+    connect(&drawCircle);
+    drawing.spacing = *static_cast<const HostDuration*>(
+        call<void*(void*)>("CSharp_Velarion_TimePointStreamingEmitter_getManagedSamplingInterval", handle));
+    ASSERT_EQ(call<unsigned(void*, void*)>("CSharp_Velarion_TimePointStreamingEmitter_setManagedEmissionCallback",
+                                           handle, wrapper),
+              1u);
+    ASSERT_EQ(invoke("start"), 1u);
+  }
 
   Velarion::LoggingExternalInterface logging;
   devicetest::LogCapture sink{logging};
@@ -137,13 +147,7 @@ class RealTimeEmission : public ExportTest {
 }  // namespace
 
 TEST_F(RealTimeEmission, IntervalsAreGaplessAndTheEmittedCircleIsRecorded) {
-  connect(&drawCircle);
-  drawing.spacing = *static_cast<const HostDuration*>(
-      call<void*(void*)>("CSharp_Velarion_TimePointStreamingEmitter_getManagedSamplingInterval", handle));
-  ASSERT_EQ(call<unsigned(void*, void*)>("CSharp_Velarion_TimePointStreamingEmitter_setManagedEmissionCallback",
-                                         handle, wrapper),
-            1u);
-  ASSERT_EQ(invoke("start"), 1u);
+  ASSERT_NO_FATAL_FAILURE(startDrawing());
   EXPECT_THROW(Streaming::step(emitter(), Streaming::Interval()), std::logic_error)
       << "stepping must not race the emission thread";
 
@@ -217,13 +221,7 @@ TEST_F(RealTimeEmission, ACallbackThatThrowsStopsEmissionWithAnError) {
 // Moving a streaming emitter and freeing the moved-from one while it streams:
 // the callback is never handed the emitter that was moved from.
 TEST_F(RealTimeEmission, AnEmitterMovedAndFreedWhileStreamingKeepsStreaming) {
-  connect(&drawCircle);
-  drawing.spacing = *static_cast<const HostDuration*>(
-      call<void*(void*)>("CSharp_Velarion_TimePointStreamingEmitter_getManagedSamplingInterval", handle));
-  ASSERT_EQ(call<unsigned(void*, void*)>("CSharp_Velarion_TimePointStreamingEmitter_setManagedEmissionCallback",
-                                         handle, wrapper),
-            1u);
-  ASSERT_EQ(invoke("start"), 1u);
+  ASSERT_NO_FATAL_FAILURE(startDrawing());
   for (int move = 0; move < 40; ++move) {
     const uint64_t before = drawing.calls;
     ASSERT_TRUE(eventually([&] { return drawing.calls > before; }));
