@@ -6,6 +6,7 @@
 #include <cstring>
 #include <exception>
 #include <string>
+#include <thread>
 
 #if defined(__unix__) || defined(__APPLE__)
 #include <pthread.h>
@@ -177,6 +178,10 @@ void EmitterImplementation::run(uint64_t run) {
   int64_t firstNanoseconds = streaming::nanosecondsOf(next);
   std::string stopReason;
   int64_t wokeLate = 0;
+  // Whether the interval about to be handed out was waited for, and whether
+  // the thread, behind schedule, has given way once before handing it out.
+  bool waited = false;
+  bool gaveWay = false;
 
   while (!stopping(run)) {
     // Settings take effect here, at the start of an interval.
@@ -192,8 +197,22 @@ void EmitterImplementation::run(uint64_t run) {
       wake.wait_until(lock, steadyAt(handOut), [this, run] { return stopping(run); });
       // How much later than asked the system let the thread run again.
       wokeLate = std::max<int64_t>(wokeLate, steadyNow() - handOut);
+      waited = true;
       continue;
     }
+    if (!waited && !gaveWay) {
+      // Catching up, intervals go out back to back and the thread never
+      // sleeps: at real-time priority it would keep every other thread of
+      // that priority (other emitters' included, in any process) off this
+      // core for as long as it is behind. It gives way once per interval.
+      gaveWay = true;
+      lock.unlock();
+      std::this_thread::yield();
+      lock.lock();
+      continue;
+    }
+    waited = false;
+    gaveWay = false;
 
     refreshDevices();
     bool anyPresent = false;
