@@ -10,6 +10,11 @@
 #include <string>
 #include <thread>
 
+#if defined(__linux__)
+#include <pthread.h>
+#include <sched.h>
+#endif
+
 #include "Velarion/AmplitudeModulation/ControlPoint.h"
 #include "Velarion/AmplitudeModulation/Emitter.h"
 #include "Velarion/TimePointStreaming/Emitter.h"
@@ -553,3 +558,50 @@ TEST_F(EmulatorCallbacks, ACallbackMayMoveItsOwnEmitter) {
   delete context.moved;
   delete context.emitter;
 }
+
+#if defined(__linux__)
+// An emitter behind schedule hands out intervals back to back; at real-time
+// priority it must still give way, or another emitter's thread on the same
+// core would get nothing until the slow one caught up (it never does here).
+TEST_F(MissedDeadlineReports, AnEmitterBehindScheduleLetsAnotherRunOnItsCore) {
+  cpu_set_t all;
+  ASSERT_EQ(sched_getaffinity(0, sizeof all, &all), 0);
+  cpu_set_t one;
+  CPU_ZERO(&one);
+  for (int cpu = 0; cpu < CPU_SETSIZE; ++cpu) {
+    if (CPU_ISSET(cpu, &all)) {
+      CPU_SET(cpu, &one);
+      break;
+    }
+  }
+  StreamingEmitter slow(kDevice);
+  StreamingEmitter fast("VLC10-5B330107");
+  slow.setEmissionCallback(
+      [](const StreamingEmitter&, OutputInterval&, const Velarion::HostTimePoint&, void*) {
+        const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(3);
+        while (std::chrono::steady_clock::now() < until) {
+        }
+      },
+      nullptr);
+  std::atomic<int> fastCalls{0};
+  fast.setEmissionCallback(&nothing, &fastCalls);
+  // Both emission threads start on one core, which they inherit from here;
+  // the slow one hogs it only from its first interval on, a lead time later.
+  ASSERT_EQ(pthread_setaffinity_np(pthread_self(), sizeof one, &one), 0);
+  const bool started = fast.start() && slow.start();
+  ASSERT_EQ(pthread_setaffinity_np(pthread_self(), sizeof all, &all), 0);
+  ASSERT_TRUE(started);
+  ASSERT_TRUE(eventually([&] { return Streaming::statistics(slow).intervals > 2; }));
+  if (!Streaming::statistics(slow).raisedPriority) {
+    slow.stop();
+    GTEST_SKIP() << "no real-time priority here: the scheduler shares the core anyway";
+  }
+  const int before = fastCalls;
+  const bool progressed = eventually([&] { return fastCalls > before + 20; });
+  const int got = fastCalls - before;
+  slow.stop();
+  fast.stop();
+  EXPECT_TRUE(progressed) << "the fast emitter got " << got << " intervals while the slow one was behind";
+  EXPECT_GT(Streaming::statistics(slow).missedDeadlines, 0u);
+}
+#endif
