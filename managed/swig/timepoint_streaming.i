@@ -82,7 +82,8 @@ namespace TimePointStreaming {
 %typemap(csin) Emitter&& "$csclassname.getCPtr($csclassname.MovingFrom($csinput))"
 %typemap(csconstruct, excode=SWIGEXCODE) Emitter %{: this($imcall, true) {
     AdoptMovedEmissionCallback();
-    global::Velarion.Interop.DirectorEntries.FreeOffDirectorThreads(swigHandle);$excode
+    global::Velarion.Interop.DirectorEntries.FreeOffDirectorThreads(swigHandle);
+    global::Velarion.Interop.ScriptReload.Track(swigHandle, global::Velarion.Interop.ScriptReload.Kind.Emitter);$excode
   }
 %}
 
