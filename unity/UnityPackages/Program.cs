@@ -6,6 +6,7 @@ using System.IO.Compression;
 using System.Linq;
 using System.Security.Cryptography;
 using System.Text;
+using System.Text.Encodings.Web;
 using System.Text.Json;
 using System.Text.Json.Nodes;
 using System.Text.RegularExpressions;
@@ -151,7 +152,7 @@ namespace Velarion.UnityPackages
                     dependencies[name] = version;
                 }
             }
-            return Encoding.UTF8.GetBytes(manifest.ToJsonString(new JsonSerializerOptions { WriteIndented = true }) + "\n");
+            return Encoding.UTF8.GetBytes(manifest.ToJsonString(new JsonSerializerOptions { WriteIndented = true, Encoder = JavaScriptEncoder.UnsafeRelaxedJsonEscaping }) + "\n");
         }
 
         // npm's layout (entries under package/), byte for byte the same from the same inputs.
@@ -377,8 +378,9 @@ namespace Velarion.UnityPackages
             if (!natives.SetEquals(expected)) problem($"native libraries {string.Join(", ", natives)}; expected {string.Join(", ", expected)}");
             foreach (string native in natives)
             {
-                if (!files.TryGetValue(native + ".meta", out string meta)) continue;
                 bool windows = native.EndsWith(".dll");
+                if (!files[native].StartsWith(windows ? "MZ" : "\x7fELF", StringComparison.Ordinal)) problem($"{native} is not a {(windows ? "PE" : "ELF")} file");
+                if (!files.TryGetValue(native + ".meta", out string meta)) continue;
                 string own = windows ? "Win64" : "Linux64";
                 var platforms = Platforms(meta);
                 bool Enabled(string platform) => platforms.TryGetValue(platform, out var p) && p.Enabled;
