@@ -94,19 +94,17 @@ namespace Velarion.UnityPackages
                 string nupkg = Path.Combine(feed, $"{definition.Assembly}.{version}.nupkg");
                 using (var zip = ZipFile.OpenRead(nupkg))
                 {
-                    foreach (string extension in new[] { ".dll", ".xml" })
+                    var assembly = zip.GetEntry($"lib/netstandard2.1/{definition.Assembly}.dll");
+                    var documentation = zip.GetEntry($"lib/netstandard2.1/{definition.Assembly}.xml");
+                    if (assembly == null || documentation == null)
                     {
-                        var entry = zip.GetEntry($"lib/netstandard2.1/{definition.Assembly}{extension}");
-                        if (entry == null)
-                        {
-                            if (definition.AssemblyRequired) throw new IOException($"{nupkg} has no netstandard2.1 {definition.Assembly}{extension}");
-                            Console.WriteLine($"unity: {nupkg} has no netstandard2.1 build: {definition.Name} carries no {definition.Assembly}{extension}");
-                            continue;
-                        }
-                        using var stream = entry.Open();
-                        using var copy = new MemoryStream();
-                        stream.CopyTo(copy);
-                        files[$"Runtime/{definition.Assembly}{extension}"] = copy.ToArray();
+                        if (definition.AssemblyRequired) throw new IOException($"{nupkg} has no netstandard2.1 {definition.Assembly}.dll with its XML documentation");
+                        Console.WriteLine($"unity: {Path.GetFileName(nupkg)} has no netstandard2.1 build: {definition.Name} carries no {definition.Assembly}.dll");
+                    }
+                    else
+                    {
+                        files[$"Runtime/{definition.Assembly}.dll"] = Read(assembly);
+                        files[$"Runtime/{definition.Assembly}.xml"] = Read(documentation);
                     }
                 }
                 foreach (string native in definition.Natives)
@@ -130,6 +128,14 @@ namespace Velarion.UnityPackages
                 made.Add(tarball);
             }
             return made;
+        }
+
+        private static byte[] Read(ZipArchiveEntry entry)
+        {
+            using var stream = entry.Open();
+            using var copy = new MemoryStream();
+            stream.CopyTo(copy);
+            return copy.ToArray();
         }
 
         private static IEnumerable<string> Ancestors(string path)
@@ -379,7 +385,7 @@ namespace Velarion.UnityPackages
             foreach (string native in natives)
             {
                 bool windows = native.EndsWith(".dll");
-                if (!files[native].StartsWith(windows ? "MZ" : "\x7fELF", StringComparison.Ordinal)) problem($"{native} is not a {(windows ? "PE" : "ELF")} file");
+                if (!files[native].StartsWith(windows ? "MZ" : "\u007fELF", StringComparison.Ordinal)) problem($"{native} is not a {(windows ? "PE" : "ELF")} file");
                 if (!files.TryGetValue(native + ".meta", out string meta)) continue;
                 string own = windows ? "Win64" : "Linux64";
                 var platforms = Platforms(meta);
