@@ -114,6 +114,21 @@ namespace Xunit
             if (!collection.Any(item => filter(item))) throw Fail("Assert.Contains: no item matches", "a match", collection);
         }
 
+        public static void DoesNotContain(string expected, string actual)
+        {
+            if (actual != null && actual.Contains(expected)) throw Fail("Assert.DoesNotContain", expected, actual);
+        }
+
+        public static void DoesNotContain<T>(T expected, IEnumerable<T> collection)
+        {
+            if (collection.Contains(expected)) throw Fail("Assert.DoesNotContain", expected, collection);
+        }
+
+        public static void DoesNotContain<T>(IEnumerable<T> collection, Predicate<T> filter)
+        {
+            if (collection.Any(item => filter(item))) throw Fail("Assert.DoesNotContain: an item matches", "no match", collection);
+        }
+
         public static void StartsWith(string expected, string actual)
         {
             if (actual == null || !actual.StartsWith(expected, StringComparison.Ordinal)) throw Fail("Assert.StartsWith", expected, actual);
