@@ -49,6 +49,7 @@ stage "managed tests under Wine" cmake --build build/default --target managed_te
 # used by a new app outside the repository.
 stage "packages" bash scripts/pack.sh
 stage "package proof (Linux, and win-x64 under Wine)" bash scripts/package-proof.sh
+stage "Unity packages under Mono" bash scripts/unity-proof.sh
 
 echo
 if [ ${#failed[@]} -gt 0 ]; then
