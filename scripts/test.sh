@@ -5,8 +5,9 @@
 # streaming example compiled with NativeAOT; the netstandard2.1 build's tests
 # under Mono (script reloads included) and the Unity samples compiled; the
 # Windows build's native and managed tests under Wine; then makes the NuGet and
-# Unity packages (checking the Unity ones' structure and import settings) and
-# proves the NuGet ones in a new console app.
+# Unity packages (checking the Unity ones' structure and import settings),
+# proves the NuGet ones in a new console app and runs the Unity ones' files
+# under Mono.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 source scripts/env.sh
