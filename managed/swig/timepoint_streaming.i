@@ -84,7 +84,8 @@ namespace TimePointStreaming {
 %typemap(csconstruct, excode=SWIGEXCODE) Emitter %{: this($imcall, true) {
     AdoptMovedEmissionCallback();
     global::Velarion.Interop.DirectorEntries.FreeOffDirectorThreads(swigHandle,
-        global::Velarion.Interop.DirectorEntries.UninstallEmissionCallback);$excode
+        global::Velarion.Interop.DirectorEntries.UninstallEmissionCallback);
+    global::Velarion.Interop.ScriptReload.Track(swigHandle, global::Velarion.Interop.ScriptReload.Kind.Emitter);$excode
   }
 %}
 
