@@ -178,8 +178,11 @@ namespace Velarion
             int limit = MaximumControlPointLimit;
             if (points.Length > limit)
                 throw new ArgumentOutOfRangeException(nameof(points), points.Length, $"at most {limit} points");
+            // Read through a Span: Mono builds that predate `ref readonly`
+            // returns cannot call ReadOnlySpan's indexer from netstandard2.1 code.
+            Span<AmplitudeModulationControlPoint> all = MemoryMarshal.CreateSpan(ref MemoryMarshal.GetReference(points), points.Length);
             float highest = 0.5f * SampleRate;
-            for (int i = 0; i < points.Length; ++i) Check(points[i], i, highest);
+            for (int i = 0; i < all.Length; ++i) Check(all[i], i, highest);
 
             lock (updating)
             {
@@ -187,7 +190,7 @@ namespace Velarion
                 using var list = new HandleLease(collection.swigCPtr);
                 using var point = new HandleLease(scratch.swigCPtr);
                 AmplitudeModulationImports.Clear(list.Pointer);
-                foreach (AmplitudeModulationControlPoint p in points)
+                foreach (AmplitudeModulationControlPoint p in all)
                 {
                     NVector3 position = p.Position;
                     NVector3 direction = p.Direction;
