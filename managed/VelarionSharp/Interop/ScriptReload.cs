@@ -1,3 +1,5 @@
+// Internal plumbing written before the public surface was annotated.
+#nullable disable
 using System;
 using System.Collections.Generic;
 #if NET5_0_OR_GREATER
