@@ -69,8 +69,7 @@ namespace Velarion
         {
             readonly get
             {
-                Matrix3x3 self = this;
-                return ((double*)&self)[Elements.Index(row, column, 3)];
+                fixed (Matrix3x3* self = &this) return ((double*)self)[Elements.Index(row, column, 3)];
             }
             set
             {
@@ -128,24 +127,21 @@ namespace Velarion
         /// <returns>The determinant.</returns>
         public readonly unsafe double Determinant()
         {
-            Matrix3x3 self = this;
-            return GeometryImports.Matrix3x3Determinant(&self);
+            fixed (Matrix3x3* self = &this) return GeometryImports.Matrix3x3Determinant(self);
         }
 
         /// <summary>The inverse; a singular matrix gives the zero matrix.</summary>
         /// <returns>The inverse, or zero.</returns>
         public readonly unsafe Matrix3x3 Inverse()
         {
-            Matrix3x3 self = this;
-            return GeometryImports.Take(GeometryImports.Matrix3x3Inverse(&self));
+            fixed (Matrix3x3* self = &this) return GeometryImports.Take(GeometryImports.Matrix3x3Inverse(self));
         }
 
         /// <summary>The transpose.</summary>
         /// <returns>The transpose.</returns>
         public readonly unsafe Matrix3x3 Transpose()
         {
-            Matrix3x3 self = this;
-            return GeometryImports.Take(GeometryImports.Matrix3x3Transpose(&self));
+            fixed (Matrix3x3* self = &this) return GeometryImports.Take(GeometryImports.Matrix3x3Transpose(self));
         }
 
         /// <summary>The element-wise sum.</summary>
@@ -214,8 +210,7 @@ namespace Velarion
         /// <returns>true when equal.</returns>
         public readonly unsafe bool Equals(Matrix3x3 other)
         {
-            Matrix3x3 self = this;
-            return Elements.Equal((double*)&self, (double*)&other, 9, ieee: false);
+            fixed (Matrix3x3* self = &this) return Elements.Equal((double*)self, (double*)&other, 9, ieee: false);
         }
 
         /// <summary>Whether <paramref name="obj"/> is a <see cref="Matrix3x3"/> with the same elements.</summary>
@@ -227,16 +222,14 @@ namespace Velarion
         /// <returns>The hash.</returns>
         public override readonly unsafe int GetHashCode()
         {
-            Matrix3x3 self = this;
-            return Elements.Hash((double*)&self, 9);
+            fixed (Matrix3x3* self = &this) return Elements.Hash((double*)self, 9);
         }
 
         /// <summary>The rows as "((m00, m01, m02), (m10, m11, m12), (m20, m21, m22))", in the invariant culture.</summary>
         /// <returns>The text.</returns>
         public override readonly unsafe string ToString()
         {
-            Matrix3x3 self = this;
-            return Elements.Rows((double*)&self, 3);
+            fixed (Matrix3x3* self = &this) return Elements.Rows((double*)self, 3);
         }
     }
 

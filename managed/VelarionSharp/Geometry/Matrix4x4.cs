@@ -92,8 +92,7 @@ namespace Velarion
         {
             readonly get
             {
-                Matrix4x4 self = this;
-                return ((double*)&self)[Elements.Index(row, column, 4)];
+                fixed (Matrix4x4* self = &this) return ((double*)self)[Elements.Index(row, column, 4)];
             }
             set
             {
@@ -139,16 +138,14 @@ namespace Velarion
         /// <returns>The determinant.</returns>
         public readonly unsafe double Determinant()
         {
-            Matrix4x4 self = this;
-            return GeometryImports.Matrix4x4Determinant(&self);
+            fixed (Matrix4x4* self = &this) return GeometryImports.Matrix4x4Determinant(self);
         }
 
         /// <summary>The inverse; a singular matrix gives the zero matrix.</summary>
         /// <returns>The inverse, or zero.</returns>
         public readonly unsafe Matrix4x4 Inverse()
         {
-            Matrix4x4 self = this;
-            return GeometryImports.Take(GeometryImports.Matrix4x4Inverse(&self));
+            fixed (Matrix4x4* self = &this) return GeometryImports.Take(GeometryImports.Matrix4x4Inverse(self));
         }
 
         /// <summary>The point <paramref name="position"/> mapped by the matrix (with its translation), as the device library maps it.</summary>
@@ -156,8 +153,7 @@ namespace Velarion
         /// <returns>M · (p, 1), without the projective division.</returns>
         public readonly unsafe NVector3 TransformPosition(NVector3 position)
         {
-            Matrix4x4 self = this;
-            return GeometryImports.Take(GeometryImports.Matrix4x4TransformPosition(&self, &position));
+            fixed (Matrix4x4* self = &this) return GeometryImports.Take(GeometryImports.Matrix4x4TransformPosition(self, &position));
         }
 
         /// <summary>The direction <paramref name="direction"/> turned by the matrix (without its translation).</summary>
@@ -165,8 +161,7 @@ namespace Velarion
         /// <returns>M · (d, 0).</returns>
         public readonly unsafe NVector3 TransformDirection(NVector3 direction)
         {
-            Matrix4x4 self = this;
-            return GeometryImports.Take(GeometryImports.Matrix4x4TransformDirection(&self, &direction));
+            fixed (Matrix4x4* self = &this) return GeometryImports.Take(GeometryImports.Matrix4x4TransformDirection(self, &direction));
         }
 
         /// <summary>This matrix in <see cref="Numerics.Matrix4x4"/>'s row-vector convention: transposed, each element rounded to float.</summary>
@@ -258,8 +253,7 @@ namespace Velarion
         /// <returns>true when equal.</returns>
         public readonly unsafe bool Equals(Matrix4x4 other)
         {
-            Matrix4x4 self = this;
-            return Elements.Equal((double*)&self, (double*)&other, 16, ieee: false);
+            fixed (Matrix4x4* self = &this) return Elements.Equal((double*)self, (double*)&other, 16, ieee: false);
         }
 
         /// <summary>Whether <paramref name="obj"/> is a <see cref="Matrix4x4"/> with the same elements.</summary>
@@ -271,16 +265,14 @@ namespace Velarion
         /// <returns>The hash.</returns>
         public override readonly unsafe int GetHashCode()
         {
-            Matrix4x4 self = this;
-            return Elements.Hash((double*)&self, 16);
+            fixed (Matrix4x4* self = &this) return Elements.Hash((double*)self, 16);
         }
 
         /// <summary>The device library's text of the matrix.</summary>
         /// <returns>The text.</returns>
         public override readonly unsafe string ToString()
         {
-            Matrix4x4 self = this;
-            return GeometryImports.TakeText(GeometryImports.Matrix4x4ToString(&self));
+            fixed (Matrix4x4* self = &this) return GeometryImports.TakeText(GeometryImports.Matrix4x4ToString(self));
         }
     }
 }

@@ -50,8 +50,7 @@ namespace Velarion
         /// <returns>The length.</returns>
         public readonly unsafe float Length()
         {
-            NVector3 self = this;
-            return GeometryImports.VectorLength(&self);
+            fixed (NVector3* self = &this) return GeometryImports.VectorLength(self);
         }
 
         /// <summary>The dot product with <paramref name="other"/>.</summary>
@@ -59,8 +58,7 @@ namespace Velarion
         /// <returns>x·x' + y·y' + z·z', summed in that order.</returns>
         public readonly unsafe float Dot(NVector3 other)
         {
-            NVector3 self = this;
-            return GeometryImports.VectorDot(&self, &other);
+            fixed (NVector3* self = &this) return GeometryImports.VectorDot(self, &other);
         }
 
         /// <summary>The right-handed cross product this × <paramref name="other"/>.</summary>
@@ -68,8 +66,7 @@ namespace Velarion
         /// <returns>The cross product.</returns>
         public readonly unsafe NVector3 Cross(NVector3 other)
         {
-            NVector3 self = this;
-            return GeometryImports.Take(GeometryImports.VectorCross(&self, &other));
+            fixed (NVector3* self = &this) return GeometryImports.Take(GeometryImports.VectorCross(self, &other));
         }
 
         /// <summary>
@@ -80,8 +77,7 @@ namespace Velarion
         /// <returns>The unit vector, or the zero vector.</returns>
         public readonly unsafe NVector3 Normalize()
         {
-            NVector3 self = this;
-            return GeometryImports.Take(GeometryImports.VectorNormalize(&self));
+            fixed (NVector3* self = &this) return GeometryImports.Take(GeometryImports.VectorNormalize(self));
         }
 
         /// <summary>The components, for deconstruction: <c>var (x, y, z) = v;</c></summary>

@@ -83,16 +83,14 @@ namespace Velarion
         /// <returns>√(x² + y² + z² + w²).</returns>
         public readonly unsafe float Length()
         {
-            Quaternion self = this;
-            return GeometryImports.QuaternionLength(&self);
+            fixed (Quaternion* self = &this) return GeometryImports.QuaternionLength(self);
         }
 
         /// <summary>The squared length.</summary>
         /// <returns>x² + y² + z² + w².</returns>
         public readonly unsafe float LengthSquared()
         {
-            Quaternion self = this;
-            return GeometryImports.QuaternionLengthSquared(&self);
+            fixed (Quaternion* self = &this) return GeometryImports.QuaternionLengthSquared(self);
         }
 
         /// <summary>The four-component dot product with <paramref name="other"/>.</summary>
@@ -100,16 +98,14 @@ namespace Velarion
         /// <returns>The dot product.</returns>
         public readonly unsafe float Dot(Quaternion other)
         {
-            Quaternion self = this;
-            return GeometryImports.QuaternionDot(&self, &other);
+            fixed (Quaternion* self = &this) return GeometryImports.QuaternionDot(self, &other);
         }
 
         /// <summary>The inverse: the conjugate over the squared length.</summary>
         /// <returns>The inverse.</returns>
         public readonly unsafe Quaternion Inverse()
         {
-            Quaternion self = this;
-            return GeometryImports.Take(GeometryImports.QuaternionInverse(&self));
+            fixed (Quaternion* self = &this) return GeometryImports.Take(GeometryImports.QuaternionInverse(self));
         }
 
         /// <summary>The rotation by three angles about X, Y and Z, combined in <paramref name="order"/>.</summary>

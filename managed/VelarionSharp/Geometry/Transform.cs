@@ -81,8 +81,7 @@ namespace Velarion
         /// <returns>The inverse.</returns>
         public readonly unsafe Transform Inverse()
         {
-            Transform self = this;
-            return GeometryImports.Take(GeometryImports.TransformInverse(&self));
+            fixed (Transform* self = &this) return GeometryImports.Take(GeometryImports.TransformInverse(self));
         }
 
         /// <summary>The point <paramref name="position"/> mapped by this transform.</summary>
@@ -90,8 +89,7 @@ namespace Velarion
         /// <returns>basis · p + origin.</returns>
         public readonly unsafe NVector3 TransformPosition(NVector3 position)
         {
-            Transform self = this;
-            return GeometryImports.Take(GeometryImports.TransformPosition(&self, &position));
+            fixed (Transform* self = &this) return GeometryImports.Take(GeometryImports.TransformPosition(self, &position));
         }
 
         /// <summary>The direction <paramref name="direction"/> turned by the basis (no origin).</summary>
@@ -99,8 +97,7 @@ namespace Velarion
         /// <returns>basis · d.</returns>
         public readonly unsafe NVector3 TransformDirection(NVector3 direction)
         {
-            Transform self = this;
-            return GeometryImports.Take(GeometryImports.TransformDirection(&self, &direction));
+            fixed (Transform* self = &this) return GeometryImports.Take(GeometryImports.TransformDirection(self, &direction));
         }
 
         /// <summary>
@@ -185,8 +182,7 @@ namespace Velarion
         /// <returns>The text.</returns>
         public override readonly unsafe string ToString()
         {
-            Transform self = this;
-            return GeometryImports.TakeText(GeometryImports.TransformToString(&self));
+            fixed (Transform* self = &this) return GeometryImports.TakeText(GeometryImports.TransformToString(self));
         }
     }
 }
