@@ -299,53 +299,14 @@ namespace Velarion.Raw
         DeviceInfo getDeviceInfo();
     }
 
+    // The generated members implement it; only the handle is named differently.
     internal partial class TimePointStreamingEmitter : IRawEmitter
     {
         Interop.NativeHandle IRawEmitter.Handle => SwigHandle;
-        bool IRawEmitter.addDevice(string identifier, Transform transform) => addDevice(identifier, transform);
-        bool IRawEmitter.removeDevice(string identifier) => removeDevice(identifier);
-        Transform IRawEmitter.getDeviceTransform(string identifier) => getDeviceTransform(identifier);
-        bool IRawEmitter.setDeviceSelectionMode(DeviceSelectionMode mode) => setDeviceSelectionMode(mode);
-        DeviceSelectionMode IRawEmitter.getDeviceSelectionMode() => getDeviceSelectionMode();
-        bool IRawEmitter.isConnected() => isConnected();
-        bool IRawEmitter.stop() => stop();
-        bool IRawEmitter.reset() => reset();
-        float IRawEmitter.arrayWidth() => arrayWidth();
-        float IRawEmitter.arrayDepth() => arrayDepth();
-        float IRawEmitter.interactionSpaceWidth() => interactionSpaceWidth();
-        float IRawEmitter.interactionSpaceHeight() => interactionSpaceHeight();
-        float IRawEmitter.interactionSpaceDepth() => interactionSpaceDepth();
-        uint IRawEmitter.getMaximumControlPointLimit() => getMaximumControlPointLimit();
-        uint IRawEmitter.setSampleRate(uint rate) => setSampleRate(rate);
-        uint IRawEmitter.getSampleRate() => getSampleRate();
-        uint IRawEmitter.getSampleRateLimit() => getSampleRateLimit();
-        bool IRawEmitter.setExtendedOption(string name, string value) => setExtendedOption(name, value);
-        string IRawEmitter.getManagedExtendedOption(string name) => getManagedExtendedOption(name);
-        DeviceInfo IRawEmitter.getDeviceInfo() => getDeviceInfo();
     }
 
     internal partial class AmplitudeModulationEmitter : IRawEmitter
     {
         Interop.NativeHandle IRawEmitter.Handle => SwigHandle;
-        bool IRawEmitter.addDevice(string identifier, Transform transform) => addDevice(identifier, transform);
-        bool IRawEmitter.removeDevice(string identifier) => removeDevice(identifier);
-        Transform IRawEmitter.getDeviceTransform(string identifier) => getDeviceTransform(identifier);
-        bool IRawEmitter.setDeviceSelectionMode(DeviceSelectionMode mode) => setDeviceSelectionMode(mode);
-        DeviceSelectionMode IRawEmitter.getDeviceSelectionMode() => getDeviceSelectionMode();
-        bool IRawEmitter.isConnected() => isConnected();
-        bool IRawEmitter.stop() => stop();
-        bool IRawEmitter.reset() => reset();
-        float IRawEmitter.arrayWidth() => arrayWidth();
-        float IRawEmitter.arrayDepth() => arrayDepth();
-        float IRawEmitter.interactionSpaceWidth() => interactionSpaceWidth();
-        float IRawEmitter.interactionSpaceHeight() => interactionSpaceHeight();
-        float IRawEmitter.interactionSpaceDepth() => interactionSpaceDepth();
-        uint IRawEmitter.getMaximumControlPointLimit() => getMaximumControlPointLimit();
-        uint IRawEmitter.setSampleRate(uint rate) => setSampleRate(rate);
-        uint IRawEmitter.getSampleRate() => getSampleRate();
-        uint IRawEmitter.getSampleRateLimit() => getSampleRateLimit();
-        bool IRawEmitter.setExtendedOption(string name, string value) => setExtendedOption(name, value);
-        string IRawEmitter.getManagedExtendedOption(string name) => getManagedExtendedOption(name);
-        DeviceInfo IRawEmitter.getDeviceInfo() => getDeviceInfo();
     }
 }

@@ -119,6 +119,14 @@ class ControlPointCollection {
   }
 %}
 
+}  // namespace AmplitudeModulation
+}  // namespace Velarion
+// Public in the internal class, so that the members both emitters share
+// implement Raw.IRawEmitter. A global feature, outside the namespaces:
+// inside them it would match only names prefixed with them.
+%feature("cs:methodmodifiers", "public");
+namespace Velarion {
+namespace AmplitudeModulation {
 class Emitter {
  public:
   enum ReEmitPoints {
@@ -165,6 +173,11 @@ class Emitter {
   void* getStateEmitter();
   void* getStateEmitter(const std::string& identifier);
 };
+}  // namespace AmplitudeModulation
+}  // namespace Velarion
+%feature("cs:methodmodifiers", "internal");
+namespace Velarion {
+namespace AmplitudeModulation {
 
 %clear char* buffer;
 

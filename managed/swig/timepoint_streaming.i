@@ -135,6 +135,14 @@ namespace TimePointStreaming {
   }
 %}
 
+}  // namespace TimePointStreaming
+}  // namespace Velarion
+// Public in the internal class, so that the members both emitters share
+// implement Raw.IRawEmitter. A global feature, outside the namespaces:
+// inside them it would match only names prefixed with them.
+%feature("cs:methodmodifiers", "public");
+namespace Velarion {
+namespace TimePointStreaming {
 class Emitter {
  public:
   Emitter();
@@ -183,6 +191,11 @@ class Emitter {
   void* getStateEmitter();
   void* getStateEmitter(const std::string& identifier);
 };
+}  // namespace TimePointStreaming
+}  // namespace Velarion
+%feature("cs:methodmodifiers", "internal");
+namespace Velarion {
+namespace TimePointStreaming {
 
 %clear char* buffer;
 %clear bool setManagedEmissionCallback;
