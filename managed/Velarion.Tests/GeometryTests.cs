@@ -83,8 +83,9 @@ namespace Velarion.Tests
 
             var m = Matrix4x4.Identity;
             m[1, 2] = double.NaN;
-            Assert.True(m != m);
-            Assert.True(m.Equals(m));
+            Matrix4x4 same = m;
+            Assert.True(m != same);
+            Assert.True(m.Equals(same));
         }
 
         [Fact]

@@ -43,7 +43,7 @@ namespace Velarion
                 foreach (string line in File.ReadLines("/proc/meminfo"))
                 {
                     if (!line.StartsWith("MemTotal:", StringComparison.Ordinal)) continue;
-                    string[] parts = line.Split((char[])null, StringSplitOptions.RemoveEmptyEntries);
+                    string[] parts = line.Split((char[]?)null, StringSplitOptions.RemoveEmptyEntries);
                     if (parts.Length >= 2 && long.TryParse(parts[1], out long kilobytes)) bytes = kilobytes * 1024;
                     break;
                 }
