@@ -2,6 +2,7 @@
 // inject faults, and reset everything to the built-in defaults.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -72,3 +73,38 @@ VELARION_API void resetToDefaults();
 
 }  // namespace Devices
 }  // namespace VelarionEmulator
+
+// The same for callers that cannot use C++ (platform invoke). Functions
+// returning int give 0 on success, -1 for an invalid argument and -2 when the
+// emulator's state refuses (a device already present, unknown, or not
+// available); VelarionEmulator_lastError then tells why. Nothing is thrown
+// across this boundary.
+extern "C" {
+
+// Why the calling thread's last failed call failed: the bytes needed with the
+// NUL; the text is written when `capacity` holds it.
+VELARION_API uint32_t VelarionEmulator_lastError(char* buffer, uint32_t capacity);
+
+// A grid device (Devices::makeGridDevice) of at most 65536 elements, pitch 1 mm
+// to 1 m, no wider or deeper than 10 m.
+VELARION_API int VelarionEmulator_Devices_addGrid(const char* identifier, uint32_t columns, uint32_t rows,
+                                                  float pitch);
+// Every device of a hardware configuration text (the file format); all or
+// none. Returns how many were added, or -1 / -2.
+VELARION_API int VelarionEmulator_Devices_addConfiguration(const char* text);
+VELARION_API int VelarionEmulator_Devices_remove(const char* identifier);
+VELARION_API int VelarionEmulator_Devices_setConnected(const char* identifier, int connected);
+VELARION_API int VelarionEmulator_Devices_hold(const char* identifier);
+VELARION_API int VelarionEmulator_Devices_releaseHeld(const char* identifier);
+// Bytes needed with the NUL; written when `capacity` holds them.
+VELARION_API uint32_t VelarionEmulator_Devices_builtInConfiguration(char* buffer, uint32_t capacity);
+// 0: identifier length change, 1: zero size query, 2: empty description identifier.
+VELARION_API int VelarionEmulator_Devices_injectFault(int kind, uint32_t index);
+VELARION_API void VelarionEmulator_Devices_clearFaults(void);
+VELARION_API void VelarionEmulator_Devices_resetToDefaults(void);
+
+// The journal's entries, each followed by a NUL, oldest first: the bytes
+// needed; written only when `capacity` holds them all.
+VELARION_API uint64_t VelarionEmulator_Journal_read(char* buffer, uint64_t capacity);
+VELARION_API void VelarionEmulator_Journal_clear(void);
+}
