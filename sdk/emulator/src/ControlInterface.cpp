@@ -131,7 +131,7 @@ int VelarionEmulator_Devices_hold(const char* identifier) {
   return guarded([&] {
     if (VelarionEmulator::Devices::holdDevice(identifier)) return 0;
     return fail(kRefused, "device " + deviceName(identifier) + " cannot be held: " +
-                              DeviceRegistry::instance().unavailableReason(identifier, DeviceRegistry::otherApplication()));
+                              DeviceRegistry::instance().unavailableReason(identifier, nullptr));
   });
 }
 

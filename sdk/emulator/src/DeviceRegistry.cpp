@@ -242,6 +242,7 @@ void DeviceRegistry::replaceConfigured(std::vector<VirtualDevice> configured, co
 }
 
 void DeviceRegistry::resetToDefaults() {
+  forgetRefusals();
   std::lock_guard<std::mutex> lock(mutex_);
   devices_.clear();
   for (VirtualDevice& device : builtInDevices()) {

@@ -39,10 +39,12 @@ std::vector<std::string> identifiers() { return DeviceRegistry::instance().ident
 
 bool holdDevice(const std::string& identifier) {
   DeviceRegistry& registry = DeviceRegistry::instance();
-  if (!registry.claim(identifier, DeviceRegistry::otherApplication())) {
+  // Free, connected and not held yet, not even by this same "application".
+  if (!registry.unavailableReason(identifier, nullptr).empty() ||
+      !registry.claim(identifier, DeviceRegistry::otherApplication())) {
     internal::logRefusal(kArea, kControl, "hold",
                          "device " + identifier + " not held for another application: " +
-                             registry.unavailableReason(identifier, DeviceRegistry::otherApplication()));
+                             registry.unavailableReason(identifier, nullptr));
     return false;
   }
   internal::log(Velarion::LogLevel::Debug, kArea, "device claimed: " + identifier);

@@ -42,7 +42,9 @@ VELARION_API VirtualDevice makeGridDevice(const std::string& identifier, unsigne
 // already present.
 VELARION_API bool addDevice(const VirtualDevice& device);
 // False when there is no such device. A claimed device is removed too; its
-// emitter finds it gone.
+// emitter finds it gone, and takes it back if a device of that identifier is
+// added again. setConnected(false) is an unplug: the device stays claimed by
+// its emitter, which stops emitting on it until setConnected(true).
 VELARION_API bool removeDevice(const std::string& identifier);
 VELARION_API bool setConnected(const std::string& identifier, bool connected);
 // Identifiers in enumeration order.
@@ -50,7 +52,8 @@ VELARION_API std::vector<std::string> identifiers();
 
 // As if an emitter of another application held the device: it reads as
 // claimed and no emitter here can take it. False when unknown, disconnected
-// or already held by an emitter.
+// or already held by an emitter. Releasing it lets an emitter waiting for it
+// take it.
 VELARION_API bool holdDevice(const std::string& identifier);
 VELARION_API bool releaseHeldDevice(const std::string& identifier);
 
@@ -68,7 +71,8 @@ VELARION_API void injectEmptyDescriptionIdentifier(unsigned int index);
 VELARION_API void clearFaults();
 
 // The built-in devices, connected and unclaimed; no faults; priority
-// management allowed. The journal is left alone.
+// management allowed; every kind of refusal logged at once again. The journal
+// is left alone.
 VELARION_API void resetToDefaults();
 
 }  // namespace Devices

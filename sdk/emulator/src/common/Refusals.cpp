@@ -64,6 +64,12 @@ void logRefusal(const char* area, const void* source, const std::string& kind, c
   if (auto line = refusalLine(source, kind, message)) log(Velarion::LogLevel::Warning, area, *line);
 }
 
+void forgetRefusals() {
+  Throttle& t = throttle();
+  std::lock_guard<std::mutex> lock(t.mutex);
+  t.kinds.clear();
+}
+
 std::string number(double value) {
   char text[32];
   std::snprintf(text, sizeof text, "%g", value);

@@ -18,6 +18,9 @@ std::optional<std::string> refusalLine(const void* source, const std::string& ki
 // Logs the refusal as a warning (when not muted); for callers holding no lock.
 void logRefusal(const char* area, const void* source, const std::string& kind, const std::string& message);
 
+// Every kind is logged at once again (the emulator's reset to defaults).
+void forgetRefusals();
+
 // A number as the log shows it: "5", "0.25", "nan", "inf".
 std::string number(double value);
 
