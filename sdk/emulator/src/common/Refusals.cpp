@@ -1,6 +1,7 @@
 #include "common/Refusals.h"
 
 #include <chrono>
+#include <cmath>
 #include <cstdio>
 #include <map>
 #include <mutex>
@@ -71,6 +72,9 @@ void forgetRefusals() {
 }
 
 std::string number(double value) {
+  // Spelled alike everywhere: C libraries differ on "-nan" and "inf".
+  if (std::isnan(value)) return "nan";
+  if (std::isinf(value)) return value > 0 ? "inf" : "-inf";
   char text[32];
   std::snprintf(text, sizeof text, "%g", value);
   return text;
