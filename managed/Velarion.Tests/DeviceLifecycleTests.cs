@@ -58,39 +58,10 @@ namespace Velarion.Tests
             Assert.Fail($"no {level} line starting \"{start}\"");
         }
 
-        // Counts its intervals and lets a test wait for the next few.
-        private sealed class Counting : EmissionCallback
-        {
-            private readonly SemaphoreSlim called = new SemaphoreSlim(0);
-
-            protected override void OnEmission(EmissionInterval interval)
-            {
-                for (int k = 0; k < interval.TimePointCount; ++k)
-                {
-                    ref var point = ref interval[k, 0];
-                    point.Position = new Vector3(0f, 0f, 0.15f);
-                    point.Intensity = 1f;
-                    point.Enabled = true;
-                    point.Modified = true;
-                }
-                called.Release();
-            }
-
-            public void WaitForCalls(int count)
-            {
-                for (int i = 0; i < count; ++i) Assert.True(called.Wait(Limit), "the emitter stopped calling");
-            }
-
-            public void Forget()
-            {
-                while (called.Wait(0)) { }
-            }
-        }
-
         [Fact]
         public void UnplugStopsStreamingAndAReplugLetsTheSameEmitterStartAgain()
         {
-            using var callback = new Counting();
+            using var callback = new FixedPointCallback(new Vector3(0f, 0f, 0.15f));
             using var placement = new Transform();
             using var emitter = new TimePointStreamingEmitter(A16, placement);
             using var watcher = new DeviceWatcher(library, TimeSpan.FromMilliseconds(2));

@@ -139,25 +139,13 @@ namespace Velarion.Tests
             using var placement = new Transform();
             PressureMap streamed;
             using (var emitter = new TimePointStreamingEmitter(A16, placement))
-            using (var called = new SemaphoreSlim(0))
-            using (var callback = new DelegateEmissionCallback(interval =>
-            {
-                for (int k = 0; k < interval.TimePointCount; ++k)
-                {
-                    ref var point = ref interval[k, 0];
-                    point.Position = new Vector3(0f, 0f, 0.15f);
-                    point.Intensity = 1f;
-                    point.Enabled = true;
-                    point.Modified = true;
-                }
-                called.Release();
-            }))
+            using (var callback = new FixedPointCallback(new Vector3(0f, 0f, 0.15f)))
             {
                 var none = Assert.Throws<InvalidOperationException>(() => EmulatedField.Map(emitter, plane, TimeSpan.FromMilliseconds(2), 9, 9));
                 Assert.Contains("has emitted nothing to map yet", none.Message);
                 Assert.True(emitter.SetEmissionCallback(callback));
                 Assert.True(emitter.Start());
-                for (int i = 0; i < 3; ++i) Assert.True(called.Wait(TimeSpan.FromSeconds(10), TestContext.Current.CancellationToken));
+                callback.WaitForCalls(3);
                 Assert.True(emitter.Stop());
                 emitter.SetEmissionCallback(null);
                 streamed = EmulatedField.Map(emitter, plane, TimeSpan.FromMilliseconds(2), 9, 9, frames: 4);
