@@ -120,6 +120,38 @@ namespace Velarion.Tests
             emitter.Stop();
         }
 
+        // Devices that appear or vanish count as connected or disconnected; a
+        // handler that throws reaches PollFailed and the watcher goes on.
+        [Fact]
+        public void TheWatcherReportsDevicesThatAppearOrVanishAndSurvivesItsHandlers()
+        {
+            using var watcher = new DeviceWatcher(library, TimeSpan.FromMilliseconds(2));
+            var changes = new BlockingCollection<DeviceConnectionChangedEventArgs>();
+            var failures = new BlockingCollection<Exception>();
+            watcher.ConnectionChanged += (_, change) =>
+            {
+                changes.Add(change);
+                if (change.Identifier == "WATCHED-1") throw new InvalidOperationException("a handler's mistake");
+            };
+            watcher.PollFailed += failures.Add;
+            watcher.Start();
+
+            Control.AddGrid("WATCHED-1", 2, 2, 0.01f);
+            Assert.True(changes.TryTake(out var appeared, Limit));
+            Assert.Equal(("WATCHED-1", true), (appeared.Identifier, appeared.IsConnected));
+            Assert.True(failures.TryTake(out var failure, Limit));
+            Assert.Equal("a handler's mistake", failure.Message);
+
+            Control.AddGrid("WATCHED-2", 2, 2, 0.01f);
+            Assert.True(changes.TryTake(out var second, Limit));
+            Assert.Equal(("WATCHED-2", true), (second.Identifier, second.IsConnected));
+            Control.Remove("WATCHED-2");
+            Assert.True(changes.TryTake(out var vanished, Limit));
+            Assert.Equal(("WATCHED-2", false), (vanished.Identifier, vanished.IsConnected));
+            watcher.Stop();
+            Assert.Throws<ArgumentOutOfRangeException>(() => new DeviceWatcher(library, TimeSpan.Zero));
+        }
+
         [MethodImpl(MethodImplOptions.NoInlining)]
         private static void Forget(string identifier)
         {
