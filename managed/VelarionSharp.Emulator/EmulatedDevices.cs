@@ -150,11 +150,9 @@ namespace Velarion.Emulation
         /// </summary>
         public static void ResetToDefaults() => NativeControl.VelarionEmulator_Devices_resetToDefaults();
 
-        private static IReadOnlyList<string> Identifiers()
-        {
-            using var library = new VelarionLibrary();
-            return library.DeviceIdentifiers;
-        }
+        // Asked of the emulator directly: no library opened, nothing in the journal.
+        private static IReadOnlyList<string> Identifiers() =>
+            NativeControl.ReadStrings((buffer, capacity) => NativeControl.VelarionEmulator_Devices_identifiers(buffer, capacity));
 
         private static string NotNull(string identifier) => identifier ?? throw new ArgumentNullException(nameof(identifier));
 
@@ -176,25 +174,8 @@ namespace Velarion.Emulation
     {
         /// <summary>Everything recorded since the last <see cref="Clear"/>, oldest first (a copy).</summary>
         /// <returns>The entries.</returns>
-        public static IReadOnlyList<string> ReadEntries()
-        {
-            byte[] bytes = Array.Empty<byte>();
-            ulong needed;
-            // Other threads may record between the size query and the read.
-            while ((needed = NativeControl.VelarionEmulator_Journal_read(bytes, (ulong)bytes.Length)) > (ulong)bytes.Length)
-            {
-                bytes = new byte[checked((int)needed + 4096)];
-            }
-            var entries = new List<string>();
-            int start = 0;
-            for (int i = 0; i < (int)needed; ++i)
-            {
-                if (bytes[i] != 0) continue;
-                entries.Add(Encoding.UTF8.GetString(bytes, start, i - start));
-                start = i + 1;
-            }
-            return entries.AsReadOnly();
-        }
+        public static IReadOnlyList<string> ReadEntries() =>
+            NativeControl.ReadStrings((buffer, capacity) => NativeControl.VelarionEmulator_Journal_read(buffer, capacity));
 
         /// <summary>Forgets every entry.</summary>
         public static void Clear() => NativeControl.VelarionEmulator_Journal_clear();
@@ -214,6 +195,29 @@ namespace Velarion.Emulation
             uint needed;
             while ((needed = query(buffer, (uint)buffer.Length)) > buffer.Length) buffer = new byte[needed];
             return needed == 0 ? "" : Encoding.UTF8.GetString(buffer, 0, (int)needed - 1);
+        }
+
+        internal delegate ulong StringsQuery(byte[] buffer, ulong capacity);
+
+        // Strings the emulator writes one after another, each with its NUL.
+        internal static IReadOnlyList<string> ReadStrings(StringsQuery query)
+        {
+            byte[] bytes = Array.Empty<byte>();
+            ulong needed;
+            // They may grow between the size query and the read (other threads).
+            while ((needed = query(bytes, (ulong)bytes.Length)) > (ulong)bytes.Length)
+            {
+                bytes = new byte[checked((int)needed + 4096)];
+            }
+            var strings = new List<string>();
+            int start = 0;
+            for (int i = 0; i < (int)needed; ++i)
+            {
+                if (bytes[i] != 0) continue;
+                strings.Add(Encoding.UTF8.GetString(bytes, start, i - start));
+                start = i + 1;
+            }
+            return strings.AsReadOnly();
         }
 
         internal static string LastError() => ReadString((buffer, capacity) => VelarionEmulator_lastError(buffer, capacity));
@@ -252,6 +256,9 @@ namespace Velarion.Emulation
 
         [DllImport(DeviceLibrary)]
         internal static extern void VelarionEmulator_Devices_resetToDefaults();
+
+        [DllImport(DeviceLibrary)]
+        internal static extern ulong VelarionEmulator_Devices_identifiers([Out] byte[] buffer, ulong capacity);
 
         [DllImport(DeviceLibrary)]
         internal static extern ulong VelarionEmulator_Journal_read([Out] byte[] buffer, ulong capacity);

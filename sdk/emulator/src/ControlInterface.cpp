@@ -54,6 +54,20 @@ int guarded(F&& f) {
   }
 }
 
+// Writes the texts one after another, each with its NUL, when they all fit;
+// returns the bytes needed.
+uint64_t joined(const std::vector<std::string>& texts, char* buffer, uint64_t capacity) {
+  uint64_t needed = 0;
+  for (const std::string& text : texts) needed += text.size() + 1;
+  if (buffer != nullptr && capacity >= needed) {
+    for (const std::string& text : texts) {
+      std::memcpy(buffer, text.c_str(), text.size() + 1);
+      buffer += text.size() + 1;
+    }
+  }
+  return needed;
+}
+
 }  // namespace
 
 extern "C" {
@@ -168,18 +182,17 @@ void VelarionEmulator_Devices_clearFaults(void) { VelarionEmulator::Devices::cle
 
 void VelarionEmulator_Devices_resetToDefaults(void) { VelarionEmulator::Devices::resetToDefaults(); }
 
+uint64_t VelarionEmulator_Devices_identifiers(char* buffer, uint64_t capacity) {
+  try {
+    return joined(VelarionEmulator::Devices::identifiers(), buffer, capacity);
+  } catch (const std::exception&) {
+    return 0;
+  }
+}
+
 uint64_t VelarionEmulator_Journal_read(char* buffer, uint64_t capacity) {
   try {
-    const std::vector<std::string> entries = VelarionEmulator::Journal::entries();
-    uint64_t needed = 0;
-    for (const std::string& entry : entries) needed += entry.size() + 1;
-    if (buffer != nullptr && capacity >= needed) {
-      for (const std::string& entry : entries) {
-        std::memcpy(buffer, entry.c_str(), entry.size() + 1);
-        buffer += entry.size() + 1;
-      }
-    }
-    return needed;
+    return joined(VelarionEmulator::Journal::entries(), buffer, capacity);
   } catch (const std::exception&) {
     return 0;
   }

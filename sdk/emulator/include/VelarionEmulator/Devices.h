@@ -100,6 +100,9 @@ VELARION_API int VelarionEmulator_Devices_remove(const char* identifier);
 VELARION_API int VelarionEmulator_Devices_setConnected(const char* identifier, int connected);
 VELARION_API int VelarionEmulator_Devices_hold(const char* identifier);
 VELARION_API int VelarionEmulator_Devices_releaseHeld(const char* identifier);
+// Every device's identifier, each followed by a NUL, in enumeration order:
+// the bytes needed; written only when `capacity` holds them all.
+VELARION_API uint64_t VelarionEmulator_Devices_identifiers(char* buffer, uint64_t capacity);
 // Bytes needed with the NUL; written when `capacity` holds them.
 VELARION_API uint32_t VelarionEmulator_Devices_builtInConfiguration(char* buffer, uint32_t capacity);
 // 0: identifier length change, 1: zero size query, 2: empty description identifier.
