@@ -412,9 +412,21 @@ bool Emitter::setExtendedOption(const char* name, const char* value) {
 size_t Emitter::getExtendedOption(const char* name, char* buffer, size_t size) const {
   journal(extendedOptionQuery(name, buffer, size));
   const EmitterImplementation* e = implementation_;
-  if (e == nullptr || name == nullptr) return 0;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  return answerExtendedOption(optionValue(*e, name), buffer, size);
+  if (e == nullptr) return 0;
+  if (name == nullptr) {
+    VelarionEmulator::internal::logRefusal(kEmitterKind.area, e, "option", "Extended option query refused: null name");
+    return 0;
+  }
+  std::optional<std::string> value;
+  {
+    std::lock_guard<std::mutex> lock(e->mutex);
+    value = optionValue(*e, name);
+  }
+  if (!value) {
+    VelarionEmulator::internal::logRefusal(kEmitterKind.area, e, std::string("option:") + name,
+                                           "Extended option \"" + std::string(name) + "\" is unknown");
+  }
+  return answerExtendedOption(value, buffer, size);
 }
 
 DeviceInfo Emitter::getDeviceInfo() const {
