@@ -167,8 +167,10 @@ namespace Velarion.Emulation
     /// <summary>
     /// The journal of device-library calls made in this process, as text such
     /// as <c>"VelarionLibrary::init"</c> or <c>"AmplitudeModulation::Emitter::update(points, 1)"</c>:
-    /// what a program asked the device library to do, in order. Only the newest
-    /// 100,000 entries are kept. Needs the emulator as the device library.
+    /// what a program asked the device library to do, in order. Bounded: a text
+    /// argument keeps its first 256 bytes and an entry its first 1024 (a cut one
+    /// ends in <c>"...(N bytes)"</c>), and the oldest entries go beyond 100,000
+    /// entries or 8 MiB of text. Needs the emulator as the device library.
     /// </summary>
     public static class EmulatorJournal
     {

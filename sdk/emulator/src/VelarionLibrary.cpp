@@ -22,7 +22,7 @@ using VelarionEmulator::internal::DeviceRegistry;
 using VelarionEmulator::internal::log;
 namespace Journal = VelarionEmulator::Journal;
 
-std::string quoted(const char* text) { return text != nullptr ? "\"" + std::string(text) + "\"" : "null"; }
+std::string quoted(const char* text) { return Journal::argument(text); }
 
 // An identifier the library does not know: the answer is false or empty, and
 // the log says why.
