@@ -221,8 +221,9 @@ namespace Velarion.Emulation
 
     /// <summary>
     /// What the emulated arrays emit, as maps and paths to look at: the pressure
-    /// an amplitude modulation emitter makes on a plane, and the path a
-    /// time-point streaming emitter drew. Needs the emulator as the device library.
+    /// an amplitude modulation emitter makes on a plane, the pressure a
+    /// time-point streaming emitter made there averaged over time, and the path
+    /// it drew. Needs the emulator as the device library.
     /// </summary>
     public static class EmulatedField
     {
