@@ -88,6 +88,33 @@ TEST_F(DeviceLifecycle, UnplugStopsStreamingAndReplugLetsTheSameEmitterStartAgai
   EXPECT_TRUE(emitter.stop());
 }
 
+// An unplug written in a configuration file and reloaded drops the claim;
+// reloaded back in, the device is connected and the same emitter starts again.
+TEST_F(DeviceLifecycle, AnUnplugByConfigurationReloadEndsWhenTheDeviceIsReloadedConnected) {
+  ScratchFolder folder;
+  std::string unplugged = Devices::builtInConfiguration();
+  const std::size_t first = unplugged.find("connected = yes");
+  ASSERT_NE(first, std::string::npos);
+  unplugged.replace(first, 15, "connected = no");
+  StreamingEmitter emitter(kDevice);
+  emitter.setEmissionCallback(&focus, nullptr);
+  ASSERT_TRUE(emitter.start());
+  ASSERT_TRUE(eventually([&] { return intervals(emitter) > 2; }));
+
+  ASSERT_TRUE(library.reloadHardwareConfigurations(folder.write("unplugged.vlcfg", unplugged).c_str()));
+  ASSERT_TRUE(eventually([&] { return !emitting(emitter); }));
+  EXPECT_FALSE(library.isDeviceConnected(kDevice));
+  EXPECT_FALSE(emitter.start());
+
+  ASSERT_TRUE(library.reloadHardwareConfigurations(folder.write("replugged.vlcfg", Devices::builtInConfiguration()).c_str()));
+  EXPECT_TRUE(library.isDeviceConnected(kDevice));
+  EXPECT_TRUE(emitter.isConnected());
+  EXPECT_TRUE(library.isDeviceClaimed(kDevice));
+  ASSERT_TRUE(emitter.start());
+  ASSERT_TRUE(eventually([&] { return intervals(emitter) > 2; }));
+  EXPECT_TRUE(emitter.stop());
+}
+
 // Removing a device drops its claim; a device of that identifier added again
 // is the emitter's once more, and amplitude modulation resumes on its own.
 TEST_F(DeviceLifecycle, ARemovedDeviceAddedAgainResumesAmplitudeModulation) {
