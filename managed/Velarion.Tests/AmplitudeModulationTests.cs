@@ -110,20 +110,24 @@ namespace Velarion.Tests
             Assert.False(emitter.IsEmitting);
         }
 
+        // An unknown device is a mistake; a claimed one is not: the emitter
+        // waits for it, and until then refuses to emit saying why.
         [Fact]
-        public void ADeviceThatIsUnknownOrClaimedIsRefusedAtConstruction()
+        public void AnUnknownDeviceIsAMistakeAndAClaimedOneIsWaitedFor()
         {
             Assert.Throws<ArgumentNullException>("identifier", () => new AmplitudeModulationEmitter(null!));
             Assert.Contains("NO-SUCH-DEVICE", Assert.Throws<ArgumentException>("identifier", () => new AmplitudeModulationEmitter("NO-SUCH-DEVICE")).Message);
-            using (var holder = new TimePointStreamingEmitter(A16))
-            {
-                var claimed = Assert.Throws<InvalidOperationException>(() => new AmplitudeModulationEmitter(A16));
-                Assert.Contains("claimed by another emitter", claimed.Message);
-            }
-            using var library = new VelarionLibrary();
-            Assert.False(library.IsDeviceClaimed(A16));  // the refused emitters let go of nothing they did not have
+
+            var point = new AmplitudeModulationControlPoint(0, 0, 0.2f);
+            var holder = new TimePointStreamingEmitter(A16);
             using var emitter = new AmplitudeModulationEmitter(A16);
-            emitter.Update(new AmplitudeModulationControlPoint(0, 0, 0.2f));
+            var claimed = Assert.Throws<InvalidOperationException>(() => emitter.Update(point));
+            Assert.Contains($"device \"{A16}\" is claimed by another emitter or application", claimed.Message);
+            Assert.False(emitter.TryUpdate(new[] { point }));
+            Assert.False(emitter.IsEmitting);
+
+            holder.Dispose();  // released: the waiting emitter takes the device
+            emitter.Update(point);
             Assert.True(emitter.IsEmitting);
         }
     }

@@ -110,7 +110,8 @@ namespace Velarion.Tests
         private static readonly string[] Designed =
         {
             "AmplitudeModulationControlPoint", "AmplitudeModulationEmitter", "Alignment", "DelegateEmissionCallback",
-            "DelegateLoggingCallback", "DeviceFeatures", "DeviceInfo", "DeviceLogLevel", "DeviceSelectionMode",
+            "DelegateLoggingCallback", "DeviceConnectionChangedEventArgs", "DeviceFeatures", "DeviceInfo", "DeviceLogLevel",
+            "DeviceSelectionMode", "DeviceWatcher",
             "EmissionCallback", "EmissionControlPointRecord", "EmissionHandler", "EmissionInterval", "Emitter",
             "EulerOrder", "HostDuration", "HostTime", "InterfaceVersion", "LogHandler", "LoggingExternalInterface",
             "Matrix3x3", "Matrix4x4", "NVector3", "Quaternion", "ReEmitPoints", "TimePointStreamingEmitter",

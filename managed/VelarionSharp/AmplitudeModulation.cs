@@ -111,7 +111,6 @@ namespace Velarion
         /// <param name="identifier">The device's identifier, as in <see cref="VelarionLibrary.DeviceIdentifiers"/>.</param>
         /// <exception cref="ArgumentNullException"><paramref name="identifier"/> is null.</exception>
         /// <exception cref="ArgumentException"><paramref name="identifier"/> contains '\0' or names no known device.</exception>
-        /// <exception cref="InvalidOperationException">The device is claimed by another emitter, or cannot modulate.</exception>
         /// <exception cref="DllNotFoundException">The device library cannot be loaded.</exception>
         public AmplitudeModulationEmitter(string identifier) : this(identifier, Transform.Identity)
         {
@@ -122,7 +121,6 @@ namespace Velarion
         /// <param name="placement">Where the device sits in emitter space.</param>
         /// <exception cref="ArgumentNullException"><paramref name="identifier"/> is null.</exception>
         /// <exception cref="ArgumentException"><paramref name="identifier"/> contains '\0' or names no known device.</exception>
-        /// <exception cref="InvalidOperationException">The device is claimed by another emitter, or cannot modulate.</exception>
         /// <exception cref="DllNotFoundException">The device library cannot be loaded.</exception>
         public AmplitudeModulationEmitter(string identifier, Transform placement)
             : base(Create(identifier, placement), identifier)
@@ -150,20 +148,18 @@ namespace Velarion
         /// <summary>Emits <paramref name="points"/> (copied) until the next update; no points stops emitting.</summary>
         /// <param name="points">At most <see cref="Emitter.MaximumControlPointLimit"/> points.</param>
         /// <exception cref="ArgumentOutOfRangeException">Too many points, or a point with a non-finite position or direction, an intensity outside 0 to 1 or a frequency outside 0 to half the sample rate; the message names the point.</exception>
-        /// <exception cref="InvalidOperationException">The device library refused (for example: its device is not connected).</exception>
+        /// <exception cref="InvalidOperationException">The device library refused, and the message says why: its device is not connected, or another emitter or application holds it (this emitter takes it once it is released).</exception>
         /// <exception cref="ObjectDisposedException">The emitter was disposed.</exception>
         public void Update(ReadOnlySpan<AmplitudeModulationControlPoint> points)
         {
-            if (!TryUpdate(points))
-                throw Refused(IsConnected ? "the points could not be emitted (the device library's log says why)"
-                                          : "the emitter's device is not connected");
+            if (!TryUpdate(points)) throw RefusedToEmit();
         }
 
         /// <summary>Emits the points of an array (copied), or of an argument list, until the next update.</summary>
         /// <param name="points">At most <see cref="Emitter.MaximumControlPointLimit"/> points; none stops emitting.</param>
         /// <exception cref="ArgumentNullException"><paramref name="points"/> is null.</exception>
         /// <exception cref="ArgumentOutOfRangeException">Too many points, or a point out of range; the message names the point.</exception>
-        /// <exception cref="InvalidOperationException">The device library refused (for example: its device is not connected).</exception>
+        /// <exception cref="InvalidOperationException">The device library refused, and the message says why: its device is not connected, or another emitter or application holds it (this emitter takes it once it is released).</exception>
         /// <exception cref="ObjectDisposedException">The emitter was disposed.</exception>
         public void Update(params AmplitudeModulationControlPoint[] points) =>
             Update(new ReadOnlySpan<AmplitudeModulationControlPoint>(points ?? throw new ArgumentNullException(nameof(points))));

@@ -25,6 +25,7 @@ namespace Velarion
     {
         private protected readonly Raw.IRawEmitter raw;
         private volatile bool emitting;
+        private string? identifier;
 
         // `identifier` null: an emitter made elsewhere (the emulator's stepped one), nothing to check.
         private protected Emitter(Raw.IRawEmitter raw, string? identifier)
@@ -42,24 +43,42 @@ namespace Velarion
             }
         }
 
-        // The device named at construction, or an exception that says why the emitter did not get it.
+        // A device the device library does not know is a mistake; one another
+        // emitter or application holds is not: the emitter takes it once it is
+        // released, and until then refuses to emit, saying why.
         private void CheckClaimed(string identifier)
         {
-            using (Raw.DeviceInfo held = raw.getDeviceInfo())
-            {
-                if (held.getDeviceIdentifier() == identifier) return;
-            }
-            using var library = new Raw.VelarionLibrary();
-            bool known = false;
-            using (Raw.StringList identifiers = library.getManagedDeviceIdentifiers())
-            {
-                for (int i = 0; i < identifiers.Count && !known; ++i) known = identifiers.getitem(i) == identifier;
-            }
-            if (!known)
+            this.identifier = identifier;
+            if (!Known(identifier))
                 throw new ArgumentException($"no device \"{identifier}\" is known to the device library", nameof(identifier));
-            throw new InvalidOperationException(library.isDeviceClaimed(identifier)
-                ? $"device \"{identifier}\" is claimed by another emitter; dispose that emitter first"
-                : $"device \"{identifier}\" does not support this kind of emitter or could not be opened (the device library's log says why)");
+        }
+
+        private static bool Known(string identifier)
+        {
+            using var library = new Raw.VelarionLibrary();
+            using Raw.StringList identifiers = library.getManagedDeviceIdentifiers();
+            for (int i = 0; i < identifiers.Count; ++i)
+            {
+                if (identifiers.getitem(i) == identifier) return true;
+            }
+            return false;
+        }
+
+        // Why the device library refused to emit, as far as its public queries tell.
+        private protected InvalidOperationException RefusedToEmit()
+        {
+            if (IsConnected || identifier == null) return Refused("the emitter could not emit (the device library's log says why)");
+            using var library = new Raw.VelarionLibrary();
+            if (!Known(identifier)) return Refused($"device \"{identifier}\" is no longer known to the device library");
+            if (library.isDeviceClaimed(identifier) && !HoldsItsDevice())
+                return Refused($"device \"{identifier}\" is claimed by another emitter or application; this emitter takes it once it is released");
+            return Refused($"device \"{identifier}\" is not connected");
+        }
+
+        private bool HoldsItsDevice()
+        {
+            using Raw.DeviceInfo held = raw.getDeviceInfo();
+            return held.getDeviceIdentifier() == identifier;
         }
 
         // The native emitter, for the emulator's control API; refused once disposed.

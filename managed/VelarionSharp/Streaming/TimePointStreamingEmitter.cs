@@ -20,7 +20,6 @@ namespace Velarion
         /// <param name="identifier">The device's identifier, as in <see cref="VelarionLibrary.DeviceIdentifiers"/>.</param>
         /// <exception cref="ArgumentNullException"><paramref name="identifier"/> is null.</exception>
         /// <exception cref="ArgumentException"><paramref name="identifier"/> contains '\0' or names no known device.</exception>
-        /// <exception cref="InvalidOperationException">The device is claimed by another emitter, or cannot stream.</exception>
         /// <exception cref="DllNotFoundException">The device library cannot be loaded.</exception>
         public TimePointStreamingEmitter(string identifier) : this(identifier, Transform.Identity)
         {
@@ -31,7 +30,6 @@ namespace Velarion
         /// <param name="placement">Where the device sits in emitter space.</param>
         /// <exception cref="ArgumentNullException"><paramref name="identifier"/> is null.</exception>
         /// <exception cref="ArgumentException"><paramref name="identifier"/> contains '\0' or names no known device.</exception>
-        /// <exception cref="InvalidOperationException">The device is claimed by another emitter, or cannot stream.</exception>
         /// <exception cref="DllNotFoundException">The device library cannot be loaded.</exception>
         public TimePointStreamingEmitter(string identifier, Transform placement)
             : base(Create(identifier, placement), identifier)
@@ -85,27 +83,20 @@ namespace Velarion
             Volatile.Read(ref installed)?.Dispose();
         }
 
-        /// <summary>Starts the emission thread.</summary>
-        /// <exception cref="InvalidOperationException">The emitter is already emitting, or the device library refused (for example: its device is not connected).</exception>
+        /// <summary>Starts the emission thread; on an emitter already emitting, nothing happens.</summary>
+        /// <exception cref="InvalidOperationException">The device library refused, and the message says why: its device is not connected, or another emitter or application holds it (this emitter takes it once it is released).</exception>
         /// <exception cref="ObjectDisposedException">The emitter was disposed.</exception>
         public void Start()
         {
-            if (IsEmitting) throw new InvalidOperationException("The emitter is already emitting; Stop it first.");
-            if (!TryStart())
-                throw Refused(IsConnected ? "the emitter could not start (the device library's log says why)"
-                                          : "the emitter's device is not connected");
+            if (!TryStart()) throw RefusedToEmit();
         }
 
-        /// <summary>Starts the emission thread unless it is running or the device library refuses.</summary>
-        /// <returns>false when the emitter is already emitting or the device library refused.</returns>
+        /// <summary>Starts the emission thread unless the device library refuses; on an emitter already emitting, nothing happens.</summary>
+        /// <returns>false when the device library refused (for example: its device is not connected, or was unplugged).</returns>
         /// <exception cref="ObjectDisposedException">The emitter was disposed.</exception>
         public bool TryStart()
         {
-            if (IsEmitting)
-            {
-                _ = Native.swigCPtr;
-                return false;
-            }
+            // Always asked: an unplugged device stops emission without telling this object.
             bool started = Native.start();
             SetEmitting(started);
             return started;
