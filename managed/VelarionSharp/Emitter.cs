@@ -8,14 +8,19 @@ namespace Velarion
     /// their limits and options, and one state machine.
     /// </summary>
     /// <remarks>
-    /// <para>States: an emitter is made on its device, idle. It emits after
-    /// <see cref="TimePointStreamingEmitter.Start"/> (streaming) or after an
+    /// <para>States: an emitter is made on its device, idle (a device another
+    /// emitter or application holds is taken once released; until then
+    /// emitting is refused). It emits after
+    /// <see cref="TimePointStreamingEmitter.Start"/> (streaming; on an emitting
+    /// emitter it does nothing) or after an
     /// <see cref="AmplitudeModulationEmitter.Update(ReadOnlySpan{AmplitudeModulationControlPoint})"/>
     /// with at least one point (amplitude modulation); <see cref="IsEmitting"/>
-    /// tells which. <see cref="Stop"/> and <see cref="Reset"/> make it idle
-    /// again, and it may be started again. <see cref="Dispose"/> stops it, from
-    /// any state, and releases its devices; after that every member but
-    /// <see cref="Dispose"/> throws <see cref="ObjectDisposedException"/>.</para>
+    /// tells which, as this object last started or stopped it (an unplugged
+    /// device stops the emission without telling it). <see cref="Stop"/> and
+    /// <see cref="Reset"/> make it idle again, and it may be started again;
+    /// <see cref="Stop"/> on an idle emitter does nothing. <see cref="Dispose"/>
+    /// stops it, from any state, and releases its devices; after that every
+    /// member but <see cref="Dispose"/> throws <see cref="ObjectDisposedException"/>.</para>
     /// <para>Mistakes throw before the device library is called
     /// (<see cref="ArgumentException"/> and its kinds, naming the parameter);
     /// a refusal of the device library throws <see cref="InvalidOperationException"/>
@@ -90,7 +95,7 @@ namespace Velarion
             return handle;
         }
 
-        /// <summary>Whether the emitter is emitting: see the state machine in the remarks of <see cref="Emitter"/>.</summary>
+        /// <summary>Whether this object last started the emitter and has not stopped it since: see the state machine in the remarks of <see cref="Emitter"/>.</summary>
         public bool IsEmitting => emitting && !raw.Handle.IsDisposed;
 
         private protected void SetEmitting(bool value) => emitting = value;
