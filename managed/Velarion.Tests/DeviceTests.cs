@@ -92,6 +92,26 @@ namespace Velarion.Tests
             Assert.Equal(2, library.DeviceCount);
         }
 
+        // Placements cross as values: what goes in comes back, per device.
+        [Fact]
+        public void AnEmitterPlacesEachOfItsDevices()
+        {
+            EmulatedDevices.WaitUntilFree();
+            var left = Transform.CreateTranslation(new NVector3(-0.1f, 0f, 0f));
+            var right = Transform.FromRotation(System.Numerics.Quaternion.CreateFromAxisAngle(System.Numerics.Vector3.UnitZ, 0.5f),
+                                               new NVector3(0.1f, 0f, 0f));
+            using var emitter = new TimePointStreamingEmitter(A16, left);
+            Assert.Equal(left, emitter.GetDeviceTransform(A16));
+            emitter.DeviceSelectionMode = DeviceSelectionMode.MultipleDevices;
+            emitter.AddDevice(C10, right);
+            Assert.Equal(right, emitter.GetDeviceTransform(C10));
+            emitter.SetDeviceTransform(C10, left);
+            Assert.Equal(left, emitter.GetDeviceTransform(C10));
+            Assert.True(emitter.TryRemoveDevice(C10));
+            Assert.False(emitter.TryRemoveDevice(C10));
+            Assert.Contains(C10, Assert.Throws<InvalidOperationException>(() => emitter.SetDeviceTransform(C10, right)).Message);
+        }
+
         [Fact]
         public void AlignmentsRoundTripThroughFiles()
         {
