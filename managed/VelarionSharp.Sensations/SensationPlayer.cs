@@ -297,17 +297,17 @@ namespace Velarion.Sensations
         /// <see cref="Start"/> started it.
         /// </summary>
         /// <returns>The emitter's answer to stopping; false when the player had not started it.</returns>
-        /// <exception cref="InvalidOperationException">called on the emission thread, which it would wait for</exception>
+        /// <exception cref="InvalidOperationException">called on the emission thread of an emitter the player started, which it would wait for</exception>
         public bool Stop()
         {
-            if (Environment.CurrentManagedThreadId == Volatile.Read(ref emissionThread))
-            {
-                throw new InvalidOperationException("Stop waits for the emission thread; call StopAll() from it instead");
-            }
             StopAll();
             lock (gate)
             {
                 if (!started) return false;
+                if (Environment.CurrentManagedThreadId == Volatile.Read(ref emissionThread))
+                {
+                    throw new InvalidOperationException("Stop waits for the emission thread; call StopAll() from it instead");
+                }
                 started = false;
                 WaitForSilence(TimeSpan.FromSeconds(LongestStopFade() + 1.0));
                 return emitter.Stop();
@@ -322,7 +322,7 @@ namespace Velarion.Sensations
         public void Dispose()
         {
             if (disposed) return;
-            if (Environment.CurrentManagedThreadId != Volatile.Read(ref emissionThread)) Stop();
+            if (!started || Environment.CurrentManagedThreadId != Volatile.Read(ref emissionThread)) Stop();
             lock (gate)
             {
                 if (disposed) return;
