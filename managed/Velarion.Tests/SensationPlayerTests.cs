@@ -274,6 +274,7 @@ namespace Velarion.Tests
             Assert.Throws<ArgumentOutOfRangeException>(() => player.Placement = Matrix4x4.CreateTranslation(0, 0, 0.7f));
             Assert.Equal(Matrix4x4.CreateTranslation(0.09f, 0, 0.2f), player.Placement);
             Assert.Throws<ArgumentException>(() => player.Placement = Matrix4x4.CreateScale(2) * PalmUp);
+            Assert.Throws<ArgumentException>(() => player.TrySetPlacement(Matrix4x4.CreateRotationZ(float.NaN) * PalmUp));
             Assert.Throws<ArgumentException>(() => player.SetPlacement(PalmUp.Translation, default));
             Assert.Throws<ArgumentOutOfRangeException>(() => player.TransitionSpeed = 0);
             Assert.Throws<ArgumentNullException>(() => player.Play(null));

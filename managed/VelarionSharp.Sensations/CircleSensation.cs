@@ -46,8 +46,8 @@ namespace Velarion.Sensations
         /// <inheritdoc/>
         public override Vector3 PositionAt(double seconds)
         {
-            double angle = 2.0 * Math.PI * Cycles.Fraction(DrawFrequency * seconds);
-            return Centre + new Vector3((float)(Radius * Math.Cos(angle)), (float)(Radius * Math.Sin(angle)), 0f);
+            float angle = Cycles.Angle(DrawFrequency * seconds);
+            return Centre + new Vector3((float)Radius * MathF.Cos(angle), (float)Radius * MathF.Sin(angle), 0f);
         }
     }
 }

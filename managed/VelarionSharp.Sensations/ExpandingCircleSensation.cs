@@ -75,9 +75,9 @@ namespace Velarion.Sensations
         /// <inheritdoc/>
         public override Vector3 PositionAt(double seconds)
         {
-            double radius = RadiusAt(seconds);
-            double angle = 2.0 * Math.PI * Cycles.Fraction(DrawFrequency * seconds);
-            return Centre + new Vector3((float)(radius * Math.Cos(angle)), (float)(radius * Math.Sin(angle)), 0f);
+            float radius = (float)RadiusAt(seconds);
+            float angle = Cycles.Angle(DrawFrequency * seconds);
+            return Centre + new Vector3(radius * MathF.Cos(angle), radius * MathF.Sin(angle), 0f);
         }
     }
 }

@@ -127,7 +127,7 @@ namespace Velarion.Sensations
             if (left < FadeOut) level *= Ramp(left / FadeOut);
             if (ModulationFrequency > 0.0)
             {
-                level *= 1.0 - ModulationDepth * 0.5 * (1.0 - Math.Cos(2.0 * Math.PI * Cycles.Fraction(ModulationFrequency * seconds)));
+                level *= 1.0 - ModulationDepth * 0.5 * (1.0 - MathF.Cos(Cycles.Angle(ModulationFrequency * seconds)));
             }
             return (float)level;
         }
@@ -167,6 +167,11 @@ namespace Velarion.Sensations
     internal static class Cycles
     {
         public static double Fraction(double cycles) => cycles - Math.Floor(cycles);
+
+        // The angle of the current cycle, 0 to 2π: reduced in double precision
+        // first, so that single-precision sine and cosine stay exact to a
+        // fraction of a micrometre on any shape, however long it has played.
+        public static float Angle(double cycles) => (float)(2.0 * Math.PI * (cycles - Math.Floor(cycles)));
 
         // A triangle wave: 0 at u = 0, 1 at u = 0.5, back to 0 at u = 1.
         public static double Triangle(double cycles)

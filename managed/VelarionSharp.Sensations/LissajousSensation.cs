@@ -14,6 +14,8 @@ namespace Velarion.Sensations
         /// <summary>The most turns along one axis per cycle.</summary>
         public const int MaximumCycles = 16;
 
+        private readonly double xLead;  // the phase in turns
+
         /// <summary>A figure <paramref name="width"/> by <paramref name="height"/> around <paramref name="centre"/>.</summary>
         /// <param name="width">Along x, metres, from <see cref="Sensation.MinimumSize"/> to <see cref="Sensation.MaximumSize"/>.</param>
         /// <param name="height">Along y, metres, in the same range.</param>
@@ -35,6 +37,7 @@ namespace Velarion.Sensations
             YCycles = (int)Check.Range(yCycles, 1, MaximumCycles, nameof(yCycles), "whole turns per cycle close the figure");
             DrawFrequency = CheckFrequency(drawFrequency, nameof(drawFrequency));
             Phase = Check.Range(phase, -1e6, 1e6, nameof(phase), "radians");
+            xLead = phase / (2.0 * Math.PI);
             Centre = CheckPoint(centre, nameof(centre));
             CheckSpeed(PeakSpeed, nameof(drawFrequency), drawFrequency);
         }
@@ -76,9 +79,9 @@ namespace Velarion.Sensations
         /// <inheritdoc/>
         public override Vector3 PositionAt(double seconds)
         {
-            double turn = 2.0 * Math.PI * Cycles.Fraction(DrawFrequency * seconds);
-            return Centre + new Vector3((float)(0.5 * Width * Math.Sin(XCycles * turn + Phase)),
-                                        (float)(0.5 * Height * Math.Sin(YCycles * turn)), 0f);
+            double cycles = DrawFrequency * seconds;
+            return Centre + new Vector3((float)(0.5 * Width) * MathF.Sin(Cycles.Angle(XCycles * cycles + xLead)),
+                                        (float)(0.5 * Height) * MathF.Sin(Cycles.Angle(YCycles * cycles)), 0f);
         }
     }
 }

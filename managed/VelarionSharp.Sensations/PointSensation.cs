@@ -58,6 +58,6 @@ namespace Velarion.Sensations
         /// <param name="seconds">Time since the start.</param>
         /// <returns>The intensity, 0 to 1.</returns>
         public override float IntensityAt(double seconds) =>
-            (float)(Envelope.IntensityAt(seconds) * 0.5 * (1.0 + Math.Cos(2.0 * Math.PI * Cycles.Fraction(ModulationFrequency * seconds))));
+            Envelope.IntensityAt(seconds) * 0.5f * (1f + MathF.Cos(Cycles.Angle(ModulationFrequency * seconds)));
     }
 }

@@ -10,8 +10,7 @@ namespace Velarion.Sensations
     /// </summary>
     /// <remarks>
     /// <para>Positions are in the sensation's own space: the x-y plane is the
-    /// surface felt (a palm, say) and z points away from it towards the array or
-    /// away from it, as the placement decides. A <see cref="SensationPlayer"/>
+    /// surface felt (a palm, say) and z its normal. A <see cref="SensationPlayer"/>
     /// maps them into the emitter's space with its placement.</para>
     /// <para>Defaults come from the haptics literature. The skin's vibrotactile
     /// sensitivity peaks near 200 to 300 Hz, the range of the Pacinian

@@ -137,7 +137,7 @@ namespace Velarion.Sensations
         /// a rotation and a translation, for example a tracked hand's. Identity
         /// at first. A change applies from the next output interval, smoothly.
         /// </summary>
-        /// <exception cref="ArgumentException">set to a matrix that scales, shears or projects</exception>
+        /// <exception cref="ArgumentException">set to a matrix that scales, shears, projects or is not finite</exception>
         /// <exception cref="ArgumentOutOfRangeException">set where a playing sensation would reach outside <see cref="WorkingVolume"/></exception>
         public Matrix4x4 Placement
         {
@@ -173,7 +173,7 @@ namespace Velarion.Sensations
         /// </summary>
         /// <param name="value">The new placement: a rotation and a translation.</param>
         /// <returns>False, placement unchanged, when it would reach outside.</returns>
-        /// <exception cref="ArgumentException"><paramref name="value"/> scales, shears or projects</exception>
+        /// <exception cref="ArgumentException"><paramref name="value"/> scales, shears, projects or is not finite</exception>
         public bool TrySetPlacement(Matrix4x4 value) => TrySetPlacementCore(value, nameof(value)) == null;
 
         /// <summary>
@@ -366,12 +366,12 @@ namespace Velarion.Sensations
 
         private string TrySetPlacementCore(Matrix4x4 value, string parameter)
         {
-            if (!Matrix4x4.Decompose(value, out Vector3 scale, out Quaternion rotation, out Vector3 translation)
-                || Vector3.Distance(scale, Vector3.One) > 1e-3f || !float.IsFinite(translation.Length())
+            if (!IsFinite(value) || !Matrix4x4.Decompose(value, out Vector3 scale, out Quaternion rotation, out Vector3 translation)
+                || Vector3.Distance(scale, Vector3.One) > 1e-3f
                 || Math.Abs(value.M14) + Math.Abs(value.M24) + Math.Abs(value.M34) > 1e-6f || Math.Abs(value.M44 - 1f) > 1e-6f)
             {
-                throw new ArgumentException("a placement is a rotation and a translation: no scale, shear or projection",
-                                            parameter);
+                throw new ArgumentException(
+                    "a placement is a finite rotation and translation: no scale, shear or projection", parameter);
             }
             Matrix4x4 rigid = Matrix4x4.CreateFromQuaternion(Quaternion.Normalize(rotation));
             rigid.Translation = translation;
@@ -387,6 +387,14 @@ namespace Velarion.Sensations
                 Publish(new Snapshot(current, rigid));
             }
             return null;
+        }
+
+        private static bool IsFinite(Matrix4x4 m)
+        {
+            float sum = m.M11 + m.M12 + m.M13 + m.M14 + m.M21 + m.M22 + m.M23 + m.M24
+                        + m.M31 + m.M32 + m.M33 + m.M34 + m.M41 + m.M42 + m.M43 + m.M44;
+            // A NaN or infinity anywhere makes the sum one too (so do sums past float's range, which no placement reaches).
+            return float.IsFinite(sum);
         }
 
         private string Outside(Sensation sensation, Matrix4x4 where)
@@ -567,15 +575,17 @@ namespace Velarion.Sensations
                 if (hasLast)
                 {
                     float step = Math.Max(0L, time - lastTime) * 1e-9f;
-                    float gap = offset.Length();
-                    float shrink = transition * step;
-                    offset = gap <= shrink ? Vector3.Zero : offset * (1f - shrink / gap);
+                    if (offset != Vector3.Zero)
+                    {
+                        float gap = offset.Length(), shrink = transition * step;
+                        offset = gap <= shrink ? Vector3.Zero : offset * (1f - shrink / gap);
+                    }
                     position = target + offset;
                     Vector3 move = position - last;
-                    float distance = move.Length(), limit = (float)Sensation.MaximumSpeed * step;
-                    if (distance > limit)
+                    float limit = (float)Sensation.MaximumSpeed * step;
+                    if (move.LengthSquared() > limit * limit)
                     {
-                        position = last + move * (limit / distance);
+                        position = last + move * (limit / move.Length());
                         offset = position - target;
                     }
                 }
