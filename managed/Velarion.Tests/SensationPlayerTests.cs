@@ -302,6 +302,21 @@ namespace Velarion.Tests
             }
 
             [Fact]
+            public void ThePlayerMayOutliveItsEmitter()
+            {
+                var emitter = Emitters.Streaming();
+                var player = new SensationPlayer(emitter);
+                player.Placement = PalmUp;
+                player.Play(new CircleSensation());
+                Assert.True(player.Start());
+                WaitFor(() => EmulatedEmission.Statistics(emitter).Intervals > 2);
+                emitter.Dispose();
+                player.Dispose();
+                player.Dispose();
+                Assert.Throws<ObjectDisposedException>(() => player.Play(new CircleSensation()));
+            }
+
+            [Fact]
             public async Task ACircleFollowsAHandPlayedReplacedAndStoppedFromOtherThreadsWithoutAJump()
             {
                 using var emitter = Emitters.Streaming();

@@ -322,19 +322,20 @@ namespace Velarion.Sensations
         public void Dispose()
         {
             if (disposed) return;
-            if (!started || Environment.CurrentManagedThreadId != Volatile.Read(ref emissionThread)) Stop();
-            lock (gate)
-            {
-                if (disposed) return;
-                disposed = true;
-            }
             try
             {
+                if (!started || Environment.CurrentManagedThreadId != Volatile.Read(ref emissionThread)) Stop();
+                lock (gate)
+                {
+                    if (disposed) return;
+                    disposed = true;
+                }
                 emitter.SetEmissionCallback(null);
             }
             catch (ObjectDisposedException)
             {
-                // The emitter went first and took the callback with it.
+                // The emitter went first: it stopped and took the callback with it.
+                disposed = true;
             }
             callback.Dispose();
             silence.Dispose();
