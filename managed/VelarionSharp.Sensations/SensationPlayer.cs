@@ -434,7 +434,7 @@ namespace Velarion.Sensations
             ReadOnlySpan<HostTime> times = interval.TimePoints;
             for (int k = 0; k < times.Length; ++k)
             {
-                long time = times[k].Nanoseconds;
+                long time = Nanoseconds(times[k]);
                 Span<EmissionControlPointRecord> row = interval.Row(k);
                 for (int j = 0; j < count; ++j)
                 {
@@ -458,6 +458,11 @@ namespace Velarion.Sensations
                 silence.Set();
             }
         }
+
+        // HostTime.Nanoseconds in integer arithmetic (the fraction rounded half
+        // up rather than through a double): one per time point.
+        private static long Nanoseconds(HostTime time) =>
+            unchecked(time.Seconds * 1_000_000_000L + (long)(((ulong)time.Fraction * 1_000_000_000UL + (1UL << 31)) >> 32));
 
         // What the application asked of one control point.
         private readonly struct Request
