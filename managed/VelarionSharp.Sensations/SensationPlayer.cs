@@ -80,6 +80,7 @@ namespace Velarion.Sensations
         /// <param name="controlPointCount">Sensations at once, 1 or more, as many as the emitter allows.</param>
         /// <param name="workingVolume">Where focal points may be placed, in the emitter's space.</param>
         /// <exception cref="ArgumentNullException"><paramref name="emitter"/> is null</exception>
+        /// <exception cref="ArgumentException"><paramref name="workingVolume"/> is the empty default</exception>
         /// <exception cref="ArgumentOutOfRangeException">the emitter cannot stream that many control points</exception>
         /// <exception cref="InvalidOperationException">the emitter refused the callback</exception>
         public SensationPlayer(TimePointStreamingEmitter emitter, int controlPointCount, WorkingVolume workingVolume)
