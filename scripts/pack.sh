@@ -1,7 +1,10 @@
 #!/usr/bin/env bash
 # Makes the NuGet packages into the local feed build/packages: stages the
 # Linux and Windows native libraries, stripped, under build/runtimes/<rid>/native/,
-# then packs every packable project of managed/.
+# then packs every packable project of managed/. Then makes the Unity packages
+# (tarballs for the Package Manager) from those packages' netstandard2.1
+# assemblies and the same libraries, beside them, and checks their structure
+# and import settings.
 #
 # Needs the "default" and "windows" builds (scripts/test.sh makes both; or
 # cmake --build --preset default / windows).
@@ -68,7 +71,7 @@ if [ -n "${VELARION_REPOSITORY_URL:-}" ]; then
 fi
 
 mkdir -p "$feed"
-rm -f "$feed"/VelarionSharp*.nupkg
+rm -f "$feed"/VelarionSharp*.nupkg "$feed"/com.velarioncsharp.*.tgz
 packed=0
 while IFS= read -r project; do
   if [ "$(dotnet msbuild "$project" -nologo -getProperty:IsPackable "${properties[@]}")" != "true" ]; then
@@ -109,6 +112,15 @@ packed_samples=$(unzip -Z1 "$feed/VelarionSharp.Emulator.$version.nupkg" | grep 
 if [ "$packed_samples" != "$samples" ]; then
   echo "pack: VelarionSharp.Emulator has content files: $packed_samples (expected: $samples)" >&2; exit 1
 fi
+
+# Unity: com.velarioncsharp.velarionsharp and .emulator (unity/ holds their
+# templates and the tool; the emulator's control assembly joins its package
+# when VelarionSharp.Emulator has a netstandard2.1 build).
+dotnet build unity/UnityPackages/UnityPackages.csproj -c Release --nologo -v:quiet --artifacts-path "$root/build/unity-tool" >/dev/null
+unity_tool=$root/build/unity-tool/bin/UnityPackages/release/UnityPackages
+"$unity_tool" pack unity "$feed" "$runtimes" "$version" "$feed"
+"$unity_tool" check "$feed"/com.velarioncsharp.*.tgz
+packed=$((packed + 2))
 
 echo "pack: $packed packages in $feed:"
 ls -1 "$feed"

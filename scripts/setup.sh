@@ -19,6 +19,9 @@ command -v x86_64-w64-mingw32-g++-posix >/dev/null 2>&1 || missing+=(g++-mingw-w
 [ -f /usr/src/googletest/CMakeLists.txt ] || missing+=(googletest)
 [ -x /usr/lib/wine/wine64 ] || command -v wine64 >/dev/null 2>&1 || missing+=(wine64)
 command -v unzip >/dev/null 2>&1 || missing+=(unzip)
+# Mono, the runtime of Unity's editor, runs the netstandard2.1 build's tests.
+command -v mono >/dev/null 2>&1 || missing+=(mono-runtime)
+[ -f /usr/lib/mono/4.5/Facades/netstandard.dll ] || missing+=(mono-devel)
 # A font for the text of the plots (SkiaSharp draws with the system's fonts).
 [ -f /usr/share/fonts/truetype/dejavu/DejaVuSans.ttf ] || missing+=(fonts-dejavu-core)
 

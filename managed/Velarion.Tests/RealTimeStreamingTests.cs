@@ -85,7 +85,8 @@ namespace Velarion.Tests
         private void Report(EmissionStatistics s)
         {
             output.WriteLine($"{s.Intervals} intervals, {s.TimePoints} time points in {s.StreamedSeconds:0.###} s, " +
-                             $"{s.MissedDeadlines} missed deadlines (worst {s.WorstLatenessMicroseconds:0} us late), " +
+                             $"{s.MissedDeadlines} missed deadlines (worst {s.WorstLatenessMicroseconds:0} us late, " +
+                             $"{s.LateCalls} reaching the callback late, worst wake-up {s.WorstWakeUpLatenessMicroseconds:0} us late), " +
                              $"callback median {s.CallbackMedianMicroseconds:0.0} us, p99 {s.CallbackP99Microseconds:0.0} us, " +
                              $"max {s.CallbackMaximumMicroseconds:0.0} us, real-time priority {s.RaisedPriority}");
         }

@@ -95,8 +95,9 @@ namespace Velarion.Tests
             Assert.Equal(14f, v.Dot(v));
         }
 
-        // ArgumentNullException appends the parameter name line to Message.
+        // ArgumentNullException appends the parameter name to Message: " (Parameter 'x')"
+        // on .NET, a "Parameter name: x" line on Mono.
         internal static string Message(ArgumentException e) =>
-            e.Message.Split(new[] { " (Parameter" }, StringSplitOptions.None)[0];
+            e.Message.Split(new[] { " (Parameter", "\nParameter name:", "\r\nParameter name:" }, StringSplitOptions.None)[0];
     }
 }

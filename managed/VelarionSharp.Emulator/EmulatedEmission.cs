@@ -36,7 +36,10 @@ namespace Velarion.Emulation
         public readonly ulong Intervals;
         /// <summary>Time points handed out, over every interval.</summary>
         public readonly ulong TimePoints;
-        /// <summary>Intervals whose callback returned after their first time point was due.</summary>
+        /// <summary>
+        /// Intervals whose callback returned after their first time point was due
+        /// (<see cref="LateCalls"/> of them reached the callback already late).
+        /// </summary>
         public readonly ulong MissedDeadlines;
         /// <summary>Median time the emission callback took, microseconds, over the newest 65536 callbacks.</summary>
         public readonly double CallbackMedianMicroseconds;
@@ -50,6 +53,18 @@ namespace Velarion.Emulation
         public readonly double StreamedSeconds;
         private readonly uint emitting;
         private readonly uint raisedPriority;
+        /// <summary>
+        /// Missed deadlines whose interval reached the callback already past its
+        /// deadline: the emission thread got to it late (the system woke it late,
+        /// or it was catching up after an earlier late interval), not the callback.
+        /// The other missed deadlines are their callback's own slowness.
+        /// </summary>
+        public readonly ulong LateCalls;
+        /// <summary>
+        /// How much later than asked the system woke the emission thread for an
+        /// interval, at worst, microseconds: scheduling latency of the machine.
+        /// </summary>
+        public readonly double WorstWakeUpLatenessMicroseconds;
 
         /// <summary>
         /// True from <c>start</c> until the emission thread has ended, its last

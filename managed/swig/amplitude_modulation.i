@@ -19,7 +19,8 @@ namespace AmplitudeModulation {
 %csmethodmodifiers Emitter::Emitter "public";
 // Disposed from a log handler on its own thread, the emitter is freed from another.
 %typemap(csconstruct, excode=SWIGEXCODE) Emitter %{: this($imcall, true) {
-    global::Velarion.Interop.DirectorEntries.FreeOffDirectorThreads(swigHandle);$excode
+    global::Velarion.Interop.DirectorEntries.FreeOffDirectorThreads(swigHandle);
+    global::Velarion.Interop.ScriptReload.Track(swigHandle, global::Velarion.Interop.ScriptReload.Kind.Emitter);$excode
   }
 %}
 %csattributes ControlPoint::ControlPoint

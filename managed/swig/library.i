@@ -15,7 +15,8 @@ class LoggingExternalInterface;
 // proxy takes them over as it is constructed, on the same thread.
 %typemap(csin) VelarionLibrary&& "$csclassname.getCPtr($csclassname.MovingFrom($csinput))"
 %typemap(csconstruct, excode=SWIGEXCODE) VelarionLibrary %{: this($imcall, true) {
-    AdoptMovedLoggingCallbacks();$excode
+    AdoptMovedLoggingCallbacks();
+    global::Velarion.Interop.ScriptReload.Track(swigHandle, global::Velarion.Interop.ScriptReload.Kind.Library);$excode
   }
 %}
 

@@ -63,7 +63,8 @@ class EmissionCallbackWrapper {
 // Opened on a device by identifier and transform; calls the installed
 // EmissionCallbackWrapper from the device library's emission thread once
 // started. The emitter and its callback may be disposed in any order, also
-// from inside the callback (the emitter is then freed from another thread).
+// from inside the callback (the emitter is then freed from another thread,
+// its callback uninstalled at once).
 %include <arrays_csharp.i>
 
 namespace Velarion {
@@ -82,7 +83,9 @@ namespace TimePointStreaming {
 %typemap(csin) Emitter&& "$csclassname.getCPtr($csclassname.MovingFrom($csinput))"
 %typemap(csconstruct, excode=SWIGEXCODE) Emitter %{: this($imcall, true) {
     AdoptMovedEmissionCallback();
-    global::Velarion.Interop.DirectorEntries.FreeOffDirectorThreads(swigHandle);$excode
+    global::Velarion.Interop.DirectorEntries.FreeOffDirectorThreads(swigHandle,
+        global::Velarion.Interop.DirectorEntries.UninstallEmissionCallback);
+    global::Velarion.Interop.ScriptReload.Track(swigHandle, global::Velarion.Interop.ScriptReload.Kind.Emitter);$excode
   }
 %}
 

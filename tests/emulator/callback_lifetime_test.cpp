@@ -10,6 +10,11 @@
 #include <string>
 #include <thread>
 
+#if defined(__linux__)
+#include <pthread.h>
+#include <sched.h>
+#endif
+
 #include "Velarion/AmplitudeModulation/ControlPoint.h"
 #include "Velarion/AmplitudeModulation/Emitter.h"
 #include "Velarion/TimePointStreaming/Emitter.h"
@@ -488,4 +493,115 @@ TEST_F(MissedDeadlineReports, TheFirstAtOnceThenAtMostOneLineASecondWithTheCount
     reported += std::stoull(lines[i]);
   }
   EXPECT_EQ(reported, stats.missedDeadlines);
+  // Without lead time every interval reaches its callback already late: the
+  // statistics and the lines put it on the thread, not on the callback.
+  EXPECT_EQ(stats.lateCalls, stats.missedDeadlines);
+  EXPECT_NE(lines.front().find(" us after the deadline"), std::string::npos) << lines.front();
 }
+
+// A move re-points the emitter the callback is handed, and the moved-from
+// emitter may be freed as soon as the move returns: so the move waits for a
+// callback in progress, as destruction does for a stepped one.
+TEST_F(EmulatorCallbacks, MovesAndDestructionWaitForTheRunningCallback) {
+  auto* original = new StreamingEmitter(kDevice);
+  HeldCall held;
+  ASSERT_TRUE(original->setEmissionCallback(&HeldCall::onInterval, &held));
+  std::unique_ptr<StreamingEmitter> moved;
+  expectReplacementWaits(
+      held, [&] { ASSERT_TRUE(original->start()); },
+      [&] { moved = std::make_unique<StreamingEmitter>(std::move(*original)); });
+  delete original;
+  struct Handed {
+    const StreamingEmitter* expected;
+    std::atomic<int> calls{0};
+    std::atomic<int> wrong{0};
+  } handed{moved.get()};
+  moved->setEmissionCallback(
+      [](const StreamingEmitter& self, OutputInterval&, const Velarion::HostTimePoint&, void* user) {
+        auto* h = static_cast<Handed*>(user);
+        if (&self != h->expected || self.getMaximumControlPointCount() != 1) ++h->wrong;
+        ++h->calls;
+      },
+      &handed);
+  ASSERT_TRUE(eventually([&] { return handed.calls > 3; }));
+  EXPECT_EQ(handed.wrong, 0);
+  moved.reset();
+
+  auto* stepped = static_cast<StreamingEmitter*>(VelarionEmulator_Streaming_newEmitter());
+  HeldCall heldStep;
+  ASSERT_TRUE(stepped->setEmissionCallback(&HeldCall::onInterval, &heldStep));
+  expectReplacementWaits(
+      heldStep, [&] { EXPECT_EQ(VelarionEmulator_Streaming_step(stepped, 0, 25000, 8, 1), 0); },
+      [&] { VelarionEmulator_Streaming_deleteEmitter(stepped); });
+}
+
+// From inside the callback a move cannot wait for it: it returns at once, and
+// the next interval is handed the new emitter.
+TEST_F(EmulatorCallbacks, ACallbackMayMoveItsOwnEmitter) {
+  struct Context {
+    StreamingEmitter* emitter;
+    StreamingEmitter* moved = nullptr;
+    std::atomic<int> calls{0};
+    std::atomic<int> handedMoved{0};
+  } context{new StreamingEmitter(kDevice)};
+  context.emitter->setEmissionCallback(
+      [](const StreamingEmitter& self, OutputInterval&, const Velarion::HostTimePoint&, void* user) {
+        auto* c = static_cast<Context*>(user);
+        if (++c->calls == 2) c->moved = new StreamingEmitter(std::move(*c->emitter));
+        if (&self == c->moved) ++c->handedMoved;
+      },
+      &context);
+  finishesWithin(seconds(10), "a move from inside the emission callback", [&] {
+    ASSERT_TRUE(context.emitter->start());
+    ASSERT_TRUE(eventually([&] { return context.handedMoved > 2; }));
+  });
+  delete context.moved;
+  delete context.emitter;
+}
+
+#if defined(__linux__)
+// An emitter behind schedule hands out intervals back to back; at real-time
+// priority it must still give way, or another emitter's thread on the same
+// core would get nothing until the slow one caught up (it never does here).
+TEST_F(MissedDeadlineReports, AnEmitterBehindScheduleLetsAnotherRunOnItsCore) {
+  cpu_set_t all;
+  ASSERT_EQ(sched_getaffinity(0, sizeof all, &all), 0);
+  cpu_set_t one;
+  CPU_ZERO(&one);
+  for (int cpu = 0; cpu < CPU_SETSIZE; ++cpu) {
+    if (CPU_ISSET(cpu, &all)) {
+      CPU_SET(cpu, &one);
+      break;
+    }
+  }
+  StreamingEmitter slow(kDevice);
+  StreamingEmitter fast("VLC10-5B330107");
+  slow.setEmissionCallback(
+      [](const StreamingEmitter&, OutputInterval&, const Velarion::HostTimePoint&, void*) {
+        const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(3);
+        while (std::chrono::steady_clock::now() < until) {
+        }
+      },
+      nullptr);
+  std::atomic<int> fastCalls{0};
+  fast.setEmissionCallback(&nothing, &fastCalls);
+  // Both emission threads start on one core, which they inherit from here;
+  // the slow one hogs it only from its first interval on, a lead time later.
+  ASSERT_EQ(pthread_setaffinity_np(pthread_self(), sizeof one, &one), 0);
+  const bool started = fast.start() && slow.start();
+  ASSERT_EQ(pthread_setaffinity_np(pthread_self(), sizeof all, &all), 0);
+  ASSERT_TRUE(started);
+  ASSERT_TRUE(eventually([&] { return Streaming::statistics(slow).intervals > 2; }));
+  if (!Streaming::statistics(slow).raisedPriority) {
+    slow.stop();
+    GTEST_SKIP() << "no real-time priority here: the scheduler shares the core anyway";
+  }
+  const int before = fastCalls;
+  const bool progressed = eventually([&] { return fastCalls > before + 20; });
+  const int got = fastCalls - before;
+  slow.stop();
+  fast.stop();
+  EXPECT_TRUE(progressed) << "the fast emitter got " << got << " intervals while the slow one was behind";
+  EXPECT_GT(Streaming::statistics(slow).missedDeadlines, 0u);
+}
+#endif

@@ -78,3 +78,40 @@ TEST(EmulatorStepping, TheCInterfaceReportsFailuresAsCodes) {
   EXPECT_EQ(VelarionEmulator_Streaming_step(nullptr, 0, 62500, 3, 2), -1);
   VelarionEmulator_Streaming_deleteEmitter(emitter);
 }
+
+// A count set while an interval is being filled applies from the next one:
+// until then the emitter answers with the interval's own count, so whoever
+// asks inside the callback never reaches past the interval's control points.
+TEST(EmulatorStepping, ACountSetDuringAnIntervalAppliesFromTheNextOne) {
+  struct Seen {
+    unsigned int reported = 0;
+    unsigned int inInterval = 0;
+    unsigned int setTo = 0;
+  } seen;
+  Velarion::TimePointStreaming::Emitter emitter;
+  emitter.setEmissionCallback(
+      [](const Velarion::TimePointStreaming::Emitter& self, OutputInterval& interval, const HostTimePoint&,
+         void* user) {
+        auto* s = static_cast<Seen*>(user);
+        auto& mutableSelf = const_cast<Velarion::TimePointStreaming::Emitter&>(self);
+        s->setTo = mutableSelf.setMaximumControlPointCount(interval.controlPointCount() == 1 ? 32 : 1);
+        s->reported = self.getMaximumControlPointCount();
+        s->inInterval = interval.controlPointCount();
+        interval.begin()->persistentControlPoint(s->reported - 1).setIntensity(0.5f);
+      },
+      &seen);
+  emulator::Interval interval;
+  interval.firstTime = firstTime();
+  interval.spacing = HostDuration(0, kSpacing);
+  interval.timePointCount = 2;
+  emulator::step(emitter, interval);
+  EXPECT_EQ(seen.setTo, 32u) << "the setter answers with the new count";
+  EXPECT_EQ(seen.reported, 1u);
+  EXPECT_EQ(seen.inInterval, 1u);
+  EXPECT_EQ(emitter.getMaximumControlPointCount(), 32u) << "outside the callback: the count set";
+
+  emulator::step(emitter, interval);
+  EXPECT_EQ(seen.inInterval, 32u);
+  EXPECT_EQ(seen.reported, 32u);
+  EXPECT_EQ(emitter.getMaximumControlPointCount(), 1u);
+}

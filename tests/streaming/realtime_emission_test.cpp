@@ -46,6 +46,7 @@ struct Drawing {
   std::atomic<uint64_t> calls{0};
   std::atomic<unsigned int> lastControlPointCount{0};
   std::atomic<uint64_t> gaps{0};
+  std::atomic<uint64_t> withoutPoints{0};
   HostTimePoint previousLast;
   HostDuration spacing;
   bool started = false;
@@ -54,6 +55,7 @@ struct Drawing {
     calls = 0;
     lastControlPointCount = 0;
     gaps = 0;
+    withoutPoints = 0;
     started = false;
   }
 };
@@ -80,6 +82,7 @@ void drawCircle(unsigned int n, unsigned int m, unsigned int stride, const HostT
     }
   }
   drawing.lastControlPointCount = m;
+  if (m == 0) ++drawing.withoutPoints;
   ++drawing.calls;
 }
 
@@ -124,6 +127,16 @@ class RealTimeEmission : public ExportTest {
     return call<unsigned(void*)>((std::string("CSharp_Velarion_TimePointStreamingEmitter_") + member).c_str(), handle);
   }
   Emitter& emitter() const { return *static_cast<Emitter*>(handle); }
+  // Streams the circle through the bridge.
+  void startDrawing() {
+    connect(&drawCircle);
+    drawing.spacing = *static_cast<const HostDuration*>(
+        call<void*(void*)>("CSharp_Velarion_TimePointStreamingEmitter_getManagedSamplingInterval", handle));
+    ASSERT_EQ(call<unsigned(void*, void*)>("CSharp_Velarion_TimePointStreamingEmitter_setManagedEmissionCallback",
+                                           handle, wrapper),
+              1u);
+    ASSERT_EQ(invoke("start"), 1u);
+  }
 
   Velarion::LoggingExternalInterface logging;
   devicetest::LogCapture sink{logging};
@@ -134,13 +147,7 @@ class RealTimeEmission : public ExportTest {
 }  // namespace
 
 TEST_F(RealTimeEmission, IntervalsAreGaplessAndTheEmittedCircleIsRecorded) {
-  connect(&drawCircle);
-  drawing.spacing = *static_cast<const HostDuration*>(
-      call<void*(void*)>("CSharp_Velarion_TimePointStreamingEmitter_getManagedSamplingInterval", handle));
-  ASSERT_EQ(call<unsigned(void*, void*)>("CSharp_Velarion_TimePointStreamingEmitter_setManagedEmissionCallback",
-                                         handle, wrapper),
-            1u);
-  ASSERT_EQ(invoke("start"), 1u);
+  ASSERT_NO_FATAL_FAILURE(startDrawing());
   EXPECT_THROW(Streaming::step(emitter(), Streaming::Interval()), std::logic_error)
       << "stepping must not race the emission thread";
 
@@ -209,4 +216,23 @@ TEST_F(RealTimeEmission, ACallbackThatThrowsStopsEmissionWithAnError) {
   const uint64_t before = drawing.calls;
   ASSERT_EQ(invoke("start"), 1u);
   ASSERT_TRUE(eventually([&] { return drawing.calls > before + 5; }));
+}
+
+// Moving a streaming emitter and freeing the moved-from one while it streams:
+// the callback is never handed the emitter that was moved from.
+TEST_F(RealTimeEmission, AnEmitterMovedAndFreedWhileStreamingKeepsStreaming) {
+  ASSERT_NO_FATAL_FAILURE(startDrawing());
+  for (int move = 0; move < 40; ++move) {
+    const uint64_t before = drawing.calls;
+    ASSERT_TRUE(eventually([&] { return drawing.calls > before; }));
+    void* moved = call<void*(void*)>("CSharp_Velarion_new_TimePointStreamingEmitter__SWIG_3", handle);
+    ASSERT_NE(moved, nullptr);
+    call<void(void*)>("CSharp_Velarion_delete_TimePointStreamingEmitter", handle);
+    handle = moved;
+  }
+  const uint64_t before = drawing.calls;
+  ASSERT_TRUE(eventually([&] { return drawing.calls > before + 5; }));
+  EXPECT_EQ(invoke("getMaximumControlPointCount"), 1u);
+  EXPECT_EQ(drawing.withoutPoints, 0u) << "a callback was handed the emitter moved from";
+  EXPECT_EQ(drawing.gaps, 0u) << "the run went on, gapless, through every move";
 }

@@ -188,15 +188,33 @@ namespace Velarion.Interop
         /// <summary>
         /// For objects that own a device-library thread (emitters): freed on
         /// another thread when released inside a director call, since freeing
-        /// waits for the thread that may be the one making the call.
+        /// waits for the thread that may be the one making the call. Until that
+        /// thread frees it the object lives on, so <paramref name="quiesce"/>
+        /// (which must not wait for the object's own thread) runs first, on the
+        /// releasing thread: what it stops has stopped when the release returns.
         /// </summary>
-        internal static void FreeOffDirectorThreads(NativeHandle handle) => handle.SetRelease(ReleaseOffDirectorThreads);
+        internal static void FreeOffDirectorThreads(NativeHandle handle, Action<IntPtr> quiesce = null) =>
+            handle.SetRelease((pointer, release) => ReleaseOffDirectorThreads(pointer, release, quiesce));
 
-        private static void ReleaseOffDirectorThreads(IntPtr pointer, Action<IntPtr> release)
+        private static void ReleaseOffDirectorThreads(IntPtr pointer, Action<IntPtr> release, Action<IntPtr> quiesce)
         {
-            if (depth > 0) ThreadPool.QueueUserWorkItem(_ => release(pointer));
-            else release(pointer);
+            if (depth == 0)
+            {
+                release(pointer);
+                return;
+            }
+            quiesce?.Invoke(pointer);
+            ThreadPool.QueueUserWorkItem(_ => release(pointer));
         }
+
+        /// <summary>
+        /// Uninstalls a streaming emitter's callback: returns at once inside
+        /// that callback, and otherwise once the callback in progress returned,
+        /// so the interval in progress is the last the callback is handed.
+        /// </summary>
+        internal static void UninstallEmissionCallback(IntPtr emitter) =>
+            velarion_timepointstreamingPINVOKE.TimePointStreamingEmitter_setManagedEmissionCallback(
+                NativeHandle.ForRelease(emitter), NativeHandle.Null);
 
         internal static void ConnectLogging(DelegateLoggingCallback wrapper)
         {

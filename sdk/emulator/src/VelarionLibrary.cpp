@@ -21,7 +21,7 @@ using VelarionEmulator::internal::DeviceRegistry;
 using VelarionEmulator::internal::log;
 namespace Journal = VelarionEmulator::Journal;
 
-std::string quoted(const char* text) { return text != nullptr ? "\"" + std::string(text) + "\"" : "null"; }
+std::string quoted(const char* text) { return Journal::argument(text); }
 
 bool contains(const std::vector<unsigned int>& indices, unsigned int index) {
   for (unsigned int i : indices) {

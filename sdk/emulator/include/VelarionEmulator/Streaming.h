@@ -117,6 +117,14 @@ struct VelarionEmulatorEmissionStatistics {
   uint32_t emitting;
   // The emission thread got a real-time scheduling priority.
   uint32_t raisedPriority;
+  // Missed deadlines whose interval reached the callback already past its
+  // deadline: the emission thread got to it late (woken late by the system,
+  // or catching up after an earlier late interval). The rest of
+  // missedDeadlines are their callback's own slowness.
+  uint64_t lateCalls;
+  // How much later than asked the system woke the emission thread for an
+  // interval, at worst: scheduling latency, outside the emulator's control.
+  double worstWakeUpLatenessMicroseconds;
 };
 
 // `handle` is an emitter (Emitter*) or one of its state emitters

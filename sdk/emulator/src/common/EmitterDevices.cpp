@@ -4,11 +4,12 @@
 #include <cctype>
 
 #include "Log.h"
+#include "VelarionEmulator/Journal.h"
 
 namespace VelarionEmulator {
 namespace internal {
 
-std::string quoted(const char* text) { return text == nullptr ? "null" : "\"" + std::string(text) + "\""; }
+std::string quoted(const char* text) { return Journal::argument(text); }
 
 std::string capitalised(std::string text) {
   if (!text.empty()) text[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(text[0])));

@@ -37,6 +37,8 @@ EmissionStatistics statisticsOf(const EmitterImplementation& e) {
     s.intervals = r.intervals;
     s.timePoints = r.timePoints;
     s.missedDeadlines = r.missedDeadlines;
+    s.lateCalls = r.lateCalls;
+    s.worstWakeUpLatenessMicroseconds = r.worstWakeUpLatenessNanoseconds / 1000.0;
     s.worstLatenessMicroseconds = r.worstLatenessNanoseconds / 1000.0;
     s.streamedSeconds = r.intervals == 0 ? 0.0 : (r.lastTimeNanoseconds - r.firstTimeNanoseconds) / 1e9;
     s.raisedPriority = r.raisedPriority ? 1u : 0u;

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <exception>
 #include <string>
+#include <thread>
 
 #if defined(__unix__) || defined(__APPLE__)
 #include <pthread.h>
@@ -112,7 +113,9 @@ void EmissionRecord::clear() {
   intervals = 0;
   timePoints = 0;
   missedDeadlines = 0;
+  lateCalls = 0;
   worstLatenessNanoseconds = 0;
+  worstWakeUpLatenessNanoseconds = 0;
   firstTimeNanoseconds = 0;
   lastTimeNanoseconds = 0;
   raisedPriority = false;
@@ -174,6 +177,11 @@ void EmitterImplementation::run(uint64_t run) {
   HostTimePoint next = streaming::timePointOf(steadyNow() + leadNanoseconds);
   int64_t firstNanoseconds = streaming::nanosecondsOf(next);
   std::string stopReason;
+  int64_t wokeLate = 0;
+  // Whether the interval about to be handed out was waited for, and whether
+  // the thread, behind schedule, has given way once before handing it out.
+  bool waited = false;
+  bool gaveWay = false;
 
   while (!stopping(run)) {
     // Settings take effect here, at the start of an interval.
@@ -187,8 +195,24 @@ void EmitterImplementation::run(uint64_t run) {
     if (writeNotedLines(lock)) continue;  // settings may have changed meanwhile
     if (steadyNow() < handOut) {
       wake.wait_until(lock, steadyAt(handOut), [this, run] { return stopping(run); });
+      // How much later than asked the system let the thread run again.
+      wokeLate = std::max<int64_t>(wokeLate, steadyNow() - handOut);
+      waited = true;
       continue;
     }
+    if (!waited && !gaveWay) {
+      // Catching up, intervals go out back to back and the thread never
+      // sleeps: at real-time priority it would keep every other thread of
+      // that priority (other emitters' included, in any process) off this
+      // core for as long as it is behind. It gives way once per interval.
+      gaveWay = true;
+      lock.unlock();
+      std::this_thread::yield();
+      lock.lock();
+      continue;
+    }
+    waited = false;
+    gaveWay = false;
 
     refreshDevices();
     bool anyPresent = false;
@@ -213,6 +237,7 @@ void EmitterImplementation::run(uint64_t run) {
     const int64_t called = steadyNow();
     std::string failure;
     if (answer != nullptr) {
+      const IntervalInProgress inProgress(this, points);
       try {
         answer(*facade, interval, streaming::timePointOf(called), answerData);
       } catch (const std::exception& e) {
@@ -244,9 +269,13 @@ void EmitterImplementation::run(uint64_t run) {
       ++r.intervals;
       r.timePoints += count;
       r.addCallback(answered - called);
+      r.worstWakeUpLatenessNanoseconds = std::max(r.worstWakeUpLatenessNanoseconds, wokeLate);
       if (answered > deadline) {
         ++r.missedDeadlines;
         r.worstLatenessNanoseconds = std::max(r.worstLatenessNanoseconds, answered - deadline);
+        // Already past its deadline when the callback was called: the thread
+        // woke late, or was catching up after a late interval.
+        if (called > deadline) ++r.lateCalls;
       }
     }
 
@@ -263,7 +292,16 @@ void EmitterImplementation::run(uint64_t run) {
       ++missesSinceLog;
       const auto now = Clock::now();
       if (!missReported || now - lastMissLog >= std::chrono::seconds(1)) {
-        const std::string lateness = microsecondsText(answered - deadline) + " us";
+        // Whose lateness it was: the callback's, or the thread's own.
+        std::string lateness = microsecondsText(answered - deadline) + " us";
+        if (called <= deadline) {
+          lateness += " (its callback took " + microsecondsText(answered - called) + " us)";
+        } else {
+          lateness += " (it reached its callback " + microsecondsText(called - deadline) + " us after the deadline" +
+                      (wokeLate > 0 ? ", the system having woken the emission thread " + microsecondsText(wokeLate) +
+                                          " us late)"
+                                    : ", catching up after an earlier late interval)");
+        }
         note(LogLevel::Warning, !missReported ? "An output interval missed its deadline by " + lateness
                                               : std::to_string(missesSinceLog) +
                                                     " output intervals missed their deadlines since the last "
@@ -274,6 +312,7 @@ void EmitterImplementation::run(uint64_t run) {
         missesSinceLog = 0;
       }
     }
+    wokeLate = 0;
     if (!failure.empty()) {
       note(LogLevel::Error, "The emission callback threw (" + failure + "); emission stops");
       stopReason = " (the emission callback threw)";

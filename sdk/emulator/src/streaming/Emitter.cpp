@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <optional>
 #include <string>
+#include <thread>
 
 #include "VelarionEmulator/AmplitudeModulation.h"
 #include "VelarionEmulator/Journal.h"
@@ -71,6 +72,11 @@ void EmitterImplementation::ensurePersistent(unsigned int count) {
   }
 }
 
+void EmitterImplementation::waitForCallbackElsewhere(std::unique_lock<std::mutex>& lock) {
+  if (onEmissionThread() || steppingThread == std::this_thread::get_id()) return;
+  callbackReturned.wait(lock, [this] { return !inCallback; });
+}
+
 // --- Emitter -------------------------------------------------------------------
 
 Emitter::Emitter() : implementation_(new EmitterImplementation(this)) {
@@ -83,13 +89,19 @@ Emitter::Emitter(const char* identifier) : implementation_(new EmitterImplementa
   implementation_->claimAtStart(identifier, Transform());
 }
 
-Emitter::Emitter(Emitter&& other) noexcept : implementation_(other.implementation_) {
+// The callback is handed the emitter that owns the state when its interval
+// starts: the move waits for a callback in progress elsewhere, so that no
+// callback is ever handed the moved-from emitter, which its owner may free
+// as soon as this returns.
+Emitter::Emitter(Emitter&& other) noexcept : implementation_(nullptr) {
   journal("Emitter(Emitter&&)");
+  EmitterImplementation* e = other.implementation_;
+  if (e == nullptr) return;
+  std::unique_lock<std::mutex> lock(e->mutex);
+  e->waitForCallbackElsewhere(lock);
+  e->owner = this;
+  implementation_ = e;
   other.implementation_ = nullptr;
-  if (implementation_ != nullptr) {
-    std::lock_guard<std::mutex> lock(implementation_->mutex);
-    implementation_->owner = this;
-  }
 }
 
 void Emitter::init(const char* identifier, Transform transform) {
@@ -100,14 +112,21 @@ void Emitter::init(const char* identifier, Transform transform) {
 
 // From the emitter's own emission thread (its callback, or a log handler
 // there) the thread is left to end after the current interval and frees the
-// state itself.
+// state itself. From any other thread it returns once no callback of this
+// emitter runs any more, a stepped one included.
 void Emitter::destroy() noexcept {
   journal("~Emitter");
   EmitterImplementation* e = implementation_;
   if (e == nullptr) return;
+  {
+    std::unique_lock<std::mutex> lock(e->mutex);
+    e->waitForCallbackElsewhere(lock);
+  }
+  // Until the runs have ended the callback may still be handed this emitter,
+  // which must answer for its state until then.
+  const bool freeNow = e->retire();
   implementation_ = nullptr;
   streaming::EmitterList::instance().remove(e);
-  const bool freeNow = e->retire();
   {
     std::lock_guard<std::mutex> lock(e->mutex);
     e->releaseDevices();
@@ -234,9 +253,14 @@ unsigned int Emitter::setMaximumControlPointCount(unsigned int count) {
   return e->maximumControlPointCount;
 }
 
+// Inside the callback, the count of the interval it is filling: a count set
+// meanwhile (by another thread, or by the callback itself) applies from the
+// next interval on, and the interval has no control points beyond its own.
 unsigned int Emitter::getMaximumControlPointCount() const {
   const EmitterImplementation* e = implementation_;
   if (e == nullptr) return 0;
+  unsigned int inProgress = 0;
+  if (IntervalInProgress::pointsFor(e, inProgress)) return inProgress;
   std::lock_guard<std::mutex> lock(e->mutex);
   return e->maximumControlPointCount;
 }

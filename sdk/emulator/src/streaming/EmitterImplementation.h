@@ -44,7 +44,9 @@ struct EmissionRecord {
   uint64_t intervals = 0;
   uint64_t timePoints = 0;
   uint64_t missedDeadlines = 0;
+  uint64_t lateCalls = 0;  // missed deadlines already past when the callback was called
   int64_t worstLatenessNanoseconds = 0;
+  int64_t worstWakeUpLatenessNanoseconds = 0;
   int64_t firstTimeNanoseconds = 0;
   int64_t lastTimeNanoseconds = 0;
   bool raisedPriority = false;
@@ -116,9 +118,44 @@ struct EmitterImplementation : VelarionEmulator::internal::EmitterDevices<HeldDe
   // Grows the carried control points to at least `count`; new ones are off.
   void ensurePersistent(unsigned int count);
 
+  // Under `mutex` (held by `lock`): returns once no other thread is inside
+  // this emitter's callback. From inside it (the emission thread, or the
+  // thread stepping it) it returns at once instead of waiting on itself.
+  void waitForCallbackElsewhere(std::unique_lock<std::mutex>& lock);
+
   // Under `mutex`: starts a run unless one is going on.
   void startThread();
   void run(uint64_t run);
+};
+
+// Marks the calling thread as inside `emitter`'s callback for one interval of
+// `points` control points: that is the count the emitter reports to it, even
+// if a new count is set meanwhile (it applies from the next interval on).
+class IntervalInProgress {
+ public:
+  IntervalInProgress(const EmitterImplementation* emitter, unsigned int points)
+      : previous_(current_) {
+    current_ = Entry{emitter, points};
+  }
+  ~IntervalInProgress() { current_ = previous_; }
+  IntervalInProgress(const IntervalInProgress&) = delete;
+  IntervalInProgress& operator=(const IntervalInProgress&) = delete;
+
+  // The count of the interval this thread is filling for `emitter`, if any.
+  static bool pointsFor(const EmitterImplementation* emitter, unsigned int& points) {
+    if (current_.emitter != emitter || emitter == nullptr) return false;
+    points = current_.points;
+    return true;
+  }
+
+ private:
+  struct Entry {
+    const EmitterImplementation* emitter;
+    unsigned int points;
+  };
+  // A callback may step another emitter: the scopes nest.
+  static inline thread_local Entry current_{nullptr, 0};
+  Entry previous_;
 };
 
 // The emulator's way into an emitter's state.

@@ -81,6 +81,7 @@ void step(Emitter& emitter, const Interval& request) {
   } carryOver{state, request.timePointCount, pointCount};
 
   if (callback != nullptr) {
+    const Velarion::TimePointStreaming::IntervalInProgress inProgress(&state, pointCount);
     callback(emitter, state.interval, request.callbackTime, userData);
   }
 }
