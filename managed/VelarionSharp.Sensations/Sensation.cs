@@ -49,7 +49,7 @@ namespace Velarion.Sensations
         /// <summary>The smallest size of a shape, metres: smaller, it is felt as a point.</summary>
         public const double MinimumSize = 0.001;
 
-        /// <summary>The largest size of a shape, metres: more than any array's working volume is wide.</summary>
+        /// <summary>The largest size of a shape, metres: far more than a hand, and than a single array's working volume.</summary>
         public const double MaximumSize = 0.5;
 
         /// <summary>A sensation with <paramref name="envelope"/>.</summary>
@@ -112,7 +112,7 @@ namespace Velarion.Sensations
         protected static double CheckSize(double size, string parameter) =>
             Check.Range(size, MinimumSize, MaximumSize, parameter,
                         "metres; a smaller shape is felt as a point (the focal spot is about 8.6 mm wide), " +
-                        "a larger one leaves any array's working volume");
+                        "a larger one is far wider than a hand");
 
         /// <summary>A point checked for a constructor: finite, within <see cref="MaximumSize"/> of the origin.</summary>
         /// <param name="point">Metres.</param>
@@ -126,7 +126,7 @@ namespace Velarion.Sensations
             {
                 throw new ArgumentOutOfRangeException(parameter, point,
                     $"{parameter} must lie within {Check.Text(MaximumSize)} m of the sensation's origin: " +
-                    "farther is outside any array's working volume");
+                    "the origin is where the placement puts the hand");
             }
             return point;
         }
