@@ -3,7 +3,9 @@
 # outside the repository, adds both packages from the local feed and runs the
 # quick start (managed/examples/QuickStart/Program.cs) on Linux and, published
 # self-contained for win-x64, under Wine; the sample hardware configurations
-# must land in the app's output folder.
+# must land in the app's output folder. A net8.0 app runs on all four packages
+# (managed/examples/Net8Consumer/Program.cs). VELARION_PROOF_LINUX_ONLY=1
+# skips the Wine runs.
 #
 # Needs the feed (scripts/pack.sh) and, for Wine, the windows build's prefix
 # wrapper (build/windows/wine-run.sh).
@@ -56,6 +58,35 @@ dotnet run -c Release --no-build
 # The emulator package's sample hardware configurations, beside the app.
 samples=$(cd bin/Release/net*/ && ls samples/hardware/*.vlcfg) || { echo "package proof: no samples/hardware/*.vlcfg in the app's output" >&2; exit 1; }
 echo "$samples"
+
+# Every package from a net8.0 app: the packages' net8.0 assemblies, run on
+# the newest runtime installed (roll-forward), as a net8.0 app is run where
+# .NET 8 itself is missing.
+echo "--- net8.0 app on every package (managed/examples/Net8Consumer)"
+mkdir -p "$work/Net8Consumer"
+cat > "$work/Net8Consumer/Net8Consumer.csproj" <<PROJECT
+<Project Sdk="Microsoft.NET.Sdk">
+  <PropertyGroup>
+    <OutputType>Exe</OutputType>
+    <TargetFramework>net8.0</TargetFramework>
+    <RollForward>Major</RollForward>
+  </PropertyGroup>
+  <ItemGroup>
+    <PackageReference Include="VelarionSharp" Version="$version" />
+    <PackageReference Include="VelarionSharp.Emulator" Version="$version" />
+    <PackageReference Include="VelarionSharp.Emulator.Plotting" Version="$version" />
+    <PackageReference Include="VelarionSharp.Extensions.Logging" Version="$version" />
+  </ItemGroup>
+</Project>
+PROJECT
+cp "$root/managed/examples/Net8Consumer/Program.cs" "$work/Net8Consumer/Program.cs"
+(cd "$work/Net8Consumer" && quiet dotnet build -c Release --nologo && dotnet run -c Release --no-build)
+ls "$work"/Net8Consumer/bin/Release/net8.0/VelarionSharp*.dll >/dev/null
+
+if [ -n "${VELARION_PROOF_LINUX_ONLY:-}" ]; then
+  echo "package proof: Linux only (VELARION_PROOF_LINUX_ONLY)"
+  exit 0
+fi
 
 echo "--- win-x64 under Wine, self-contained"
 quiet dotnet publish -c Release -r win-x64 --self-contained --nologo -o "$work/win-x64"

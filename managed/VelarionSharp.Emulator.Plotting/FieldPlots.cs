@@ -25,7 +25,8 @@ namespace Velarion.Emulation.Plotting
         /// A heat map of <paramref name="map"/>: RMS pressure in pascals with a
         /// colour bar, the arrays' outlines where they cut or lie in the plane,
         /// the focal points that lie in it, and a title naming the arrays, the
-        /// plane and the peak (also in dB SPL).
+        /// plane, the peak (also in dB SPL) and the moment: an amplitude
+        /// modulation frame, or a streaming emitter's time average.
         /// </summary>
         public static Plot PressureMapPlot(PressureMap map)
         {
@@ -70,7 +71,7 @@ namespace Velarion.Emulation.Plotting
                        $"peak {map.Peak.ToString("0", CultureInfo.InvariantCulture)} Pa RMS " +
                        $"({PressureMap.SoundPressureLevel(map.Peak).ToString("0", CultureInfo.InvariantCulture)} dB SPL) " +
                        $"at {Millimetres(map.PeakPosition)} mm" +
-                       (map.Moment == FieldMoment.EnvelopePeak ? ", modulation at its peak" : ", as emitted now"));
+                       MomentText(map));
             plot.XLabel($"{plane.HorizontalAxisName} (mm)");
             plot.YLabel($"{plane.VerticalAxisName} (mm)");
             // The array's face may lie on the map's edge: leave room to see it.
@@ -209,6 +210,19 @@ namespace Velarion.Emulation.Plotting
             strip.LineStyle.Color = OutlineColour;
             strip.LineStyle.Width = 2;
             strip.LegendText = $"array {array.Identifier} ({size}), seen from the side";
+        }
+
+        private static string MomentText(PressureMap map)
+        {
+            switch (map.Moment)
+            {
+                case FieldMoment.EnvelopePeak:
+                    return ", modulation at its peak";
+                case FieldMoment.TimeAverage:
+                    return $", streamed, averaged over {map.Window.TotalMilliseconds.ToString("0.#", CultureInfo.InvariantCulture)} ms";
+                default:
+                    return ", as emitted now";
+            }
         }
 
         private static string Heights(List<EmittedSample> drawn)

@@ -32,6 +32,23 @@ namespace Velarion.Emulation
         public static float PressureAmplitudeAt(Vector3 point) =>
             VelarionEmulator_AmplitudeModulation_pressureAmplitudeAt(point.X, point.Y, point.Z);
 
+        /// <summary>
+        /// What the device emits now under amplitude modulation: the drive of
+        /// each of its elements (empty while it is silent or no emitter drives it).
+        /// </summary>
+        /// <param name="deviceIdentifier">The device.</param>
+        /// <returns>A copy of the current frame, one entry per element, in the device's element order.</returns>
+        /// <exception cref="ArgumentNullException"><paramref name="deviceIdentifier"/> is null.</exception>
+        public static TransducerDrive[] GetDrive(string deviceIdentifier)
+        {
+            if (deviceIdentifier == null) throw new ArgumentNullException(nameof(deviceIdentifier));
+            // The frame may change size between the two calls; what was written counts.
+            var drive = new TransducerDrive[VelarionEmulator_AmplitudeModulation_drive(deviceIdentifier, null, 0, IntPtr.Zero)];
+            uint count = VelarionEmulator_AmplitudeModulation_drive(deviceIdentifier, drive, (uint)drive.Length, IntPtr.Zero);
+            if (count < drive.Length) Array.Resize(ref drive, (int)count);
+            return drive;
+        }
+
         private const string DeviceLibrary = "Velarion";
 
         [DllImport(DeviceLibrary)]
@@ -45,5 +62,29 @@ namespace Velarion.Emulation
 
         [DllImport(DeviceLibrary)]
         private static extern float VelarionEmulator_AmplitudeModulation_pressureAmplitudeAt(float x, float y, float z);
+
+        [DllImport(DeviceLibrary)]
+        private static extern uint VelarionEmulator_AmplitudeModulation_drive(
+            [MarshalAs(UnmanagedType.LPUTF8Str)] string deviceIdentifier, [Out] TransducerDrive[] drive, uint capacity,
+            IntPtr sampleIndex);
+    }
+
+    /// <summary>
+    /// The drive of one element in an emulated amplitude modulation frame: the
+    /// phase and amplitude of its 40 kHz carrier, and where it sits (emitter space).
+    /// </summary>
+    [StructLayout(LayoutKind.Sequential)]
+    public readonly struct TransducerDrive
+    {
+        /// <summary>The element's position, metres, emitter space.</summary>
+        public readonly Vector3 Position;
+        /// <summary>The way the element faces (unit vector), emitter space.</summary>
+        public readonly Vector3 Direction;
+        /// <summary>The phase in steps of 1/256 of a carrier period (0 to 255).</summary>
+        public readonly uint PhaseStep;
+        /// <summary>The phase in radians (<see cref="PhaseStep"/> × 2π / 256).</summary>
+        public readonly float Phase;
+        /// <summary>The amplitude from 0 to 1, the element's multiplier included.</summary>
+        public readonly float Amplitude;
     }
 }

@@ -60,6 +60,12 @@ namespace Velarion.Emulation
         /// <see cref="EmulatedAmplitudeModulation.ManualStepping"/>.
         /// </summary>
         CurrentFrame = 0,
+
+        /// <summary>
+        /// A time-point streaming emitter's field averaged over a window of what
+        /// it emitted: the RMS over time, what a hand in the field feels.
+        /// </summary>
+        TimeAverage = 2,
     }
 
     /// <summary>A control point of an amplitude modulation emitter's last update.</summary>
@@ -92,10 +98,12 @@ namespace Velarion.Emulation
         private readonly float[] values;
 
         internal PressureMap(FieldPlane plane, FieldMoment moment, int columns, int rows, float[] values,
-                             IReadOnlyList<EmulatedArray> devices, IReadOnlyList<FocalPoint> focalPoints)
+                             IReadOnlyList<EmulatedArray> devices, IReadOnlyList<FocalPoint> focalPoints,
+                             TimeSpan window = default)
         {
             Plane = plane;
             Moment = moment;
+            Window = window;
             Columns = columns;
             Rows = rows;
             this.values = values;
@@ -114,6 +122,12 @@ namespace Velarion.Emulation
 
         /// <summary>The frame the map shows.</summary>
         public FieldMoment Moment { get; }
+
+        /// <summary>
+        /// For <see cref="FieldMoment.TimeAverage"/>: the span of emission the map
+        /// averages, ending at the newest recorded sample; zero for the other moments.
+        /// </summary>
+        public TimeSpan Window { get; }
 
         /// <summary>Grid points along the plane's horizontal axis.</summary>
         public int Columns { get; }
@@ -166,7 +180,7 @@ namespace Velarion.Emulation
         /// <summary>The arrays of the emitter, emitter space.</summary>
         public IReadOnlyList<EmulatedArray> Devices { get; }
 
-        /// <summary>The control points of the emitter's last update.</summary>
+        /// <summary>The control points of the emitter's last update (none for a streaming emitter's map).</summary>
         public IReadOnlyList<FocalPoint> FocalPoints { get; }
 
         /// <summary>Sound pressure level in dB SPL (re 20 µPa) of an RMS pressure in pascals.</summary>
@@ -207,8 +221,9 @@ namespace Velarion.Emulation
 
     /// <summary>
     /// What the emulated arrays emit, as maps and paths to look at: the pressure
-    /// an amplitude modulation emitter makes on a plane, and the path a
-    /// time-point streaming emitter drew. Needs the emulator as the device library.
+    /// an amplitude modulation emitter makes on a plane, the pressure a
+    /// time-point streaming emitter made there averaged over time, and the path
+    /// it drew. Needs the emulator as the device library.
     /// </summary>
     public static class EmulatedField
     {
@@ -224,46 +239,117 @@ namespace Velarion.Emulation
         /// a stopped emitter maps to zero. A 200 × 200 map takes a fraction of a
         /// second, on every core.
         /// </summary>
-        /// <exception cref="ArgumentException">the emitter is not one of the emulated device library's, or was disposed</exception>
+        /// <param name="emitter">The emitter whose field to map.</param>
+        /// <param name="plane">Where to sample the field.</param>
+        /// <param name="columns">Grid points along the plane's horizontal axis.</param>
+        /// <param name="rows">Grid points along the plane's vertical axis.</param>
+        /// <param name="moment"><see cref="FieldMoment.EnvelopePeak"/> or <see cref="FieldMoment.CurrentFrame"/>.</param>
+        /// <returns>The map, with the emitter's arrays and control points.</returns>
+        /// <exception cref="ArgumentNullException"><paramref name="emitter"/> or <paramref name="plane"/> is null.</exception>
+        /// <exception cref="ArgumentOutOfRangeException">A grid size below 1 or above <see cref="MaximumPoints"/> points, or a moment that is not one of the two.</exception>
+        /// <exception cref="ArgumentException">The emitter is not one of the emulated device library's, or was disposed.</exception>
+        /// <exception cref="InvalidOperationException">The emitter holds no device (it was made for a device it could not claim, or its devices were removed).</exception>
         public static PressureMap Map(AmplitudeModulationEmitter emitter, FieldPlane plane, int columns = 200, int rows = 200,
                                       FieldMoment moment = FieldMoment.EnvelopePeak)
         {
             if (emitter == null) throw new ArgumentNullException(nameof(emitter));
-            if (plane == null) throw new ArgumentNullException(nameof(plane));
-            if (columns < 1) throw new ArgumentOutOfRangeException(nameof(columns), columns, "a map needs at least one column");
-            if (rows < 1) throw new ArgumentOutOfRangeException(nameof(rows), rows, "a map needs at least one row");
             if (moment != FieldMoment.EnvelopePeak && moment != FieldMoment.CurrentFrame)
             {
                 throw new ArgumentOutOfRangeException(nameof(moment), moment, "not a moment a map can show");
             }
-            if ((long)columns * rows > MaximumPoints)
-            {
-                throw new ArgumentOutOfRangeException(nameof(rows), rows, $"a map holds at most {MaximumPoints} points");
-            }
+            var grid = Grid(plane, columns, rows);
 
             IntPtr handle = AmplitudeModulationEmitter.getCPtr(emitter).Handle;
             var devices = ReadDevices(handle, Native.VelarionEmulator_AmplitudeModulation_fieldDevices);
+            if (devices.Count == 0) throw NoDevice("amplitude modulation");
             var focalPoints = ReadFocalPoints(handle);
-            float columnStep = columns > 1 ? (plane.Right - plane.Left) / (columns - 1) : 0f;
-            float rowStep = rows > 1 ? (plane.Top - plane.Bottom) / (rows - 1) : 0f;
-            float firstColumn = columns > 1 ? plane.Left : (plane.Left + plane.Right) / 2;
-            float firstRow = rows > 1 ? plane.Bottom : (plane.Bottom + plane.Top) / 2;
-            var grid = new Native.FieldGrid(plane.PointAt(firstColumn, firstRow), columnStep * plane.HorizontalAxis,
-                                            rowStep * plane.VerticalAxis, (uint)columns, (uint)rows);
             var values = new float[columns * rows];
             int result = Native.VelarionEmulator_AmplitudeModulation_pressureField(handle, in grid, (int)moment, values,
                                                                                    (ulong)values.Length);
             GC.KeepAlive(emitter);
+            Check(result, "amplitude modulation");
+            return new PressureMap(plane, moment, columns, rows, values, devices, focalPoints);
+        }
+
+        /// <summary>
+        /// The RMS pressure a time-point streaming emitter made on
+        /// <paramref name="plane"/>, averaged over the newest
+        /// <paramref name="window"/> of the samples it emitted (and recorded):
+        /// the map of what a hand feels. The field of each of up to
+        /// <paramref name="frames"/> time points spread evenly over the window is
+        /// computed as the arrays focusing every enabled control point at its
+        /// intensity, and their squares are averaged. Cost grows with
+        /// <paramref name="frames"/> times the grid: a 200 × 200 map of 16 frames
+        /// takes a few seconds; use a coarser grid for a quick look.
+        /// </summary>
+        /// <param name="emitter">A streaming emitter that has emitted (it may still be running, or stopped).</param>
+        /// <param name="plane">Where to sample the field.</param>
+        /// <param name="window">How much of the newest emission to average, for example the period of the pattern drawn.</param>
+        /// <param name="columns">Grid points along the plane's horizontal axis.</param>
+        /// <param name="rows">Grid points along the plane's vertical axis.</param>
+        /// <param name="frames">How many time points of the window to compute (1 to 4096).</param>
+        /// <returns>The map (<see cref="FieldMoment.TimeAverage"/>), with the emitter's arrays.</returns>
+        /// <exception cref="ArgumentNullException"><paramref name="emitter"/> or <paramref name="plane"/> is null.</exception>
+        /// <exception cref="ArgumentOutOfRangeException">A grid size below 1 or above <see cref="MaximumPoints"/> points, a window that is not positive, or a frame count outside 1 to 4096.</exception>
+        /// <exception cref="ArgumentException">The emitter is not one of the emulated device library's, or was disposed.</exception>
+        /// <exception cref="InvalidOperationException">The emitter holds no device, or has emitted nothing yet.</exception>
+        public static PressureMap Map(TimePointStreamingEmitter emitter, FieldPlane plane, TimeSpan window, int columns = 200,
+                                      int rows = 200, int frames = 16)
+        {
+            if (emitter == null) throw new ArgumentNullException(nameof(emitter));
+            if (window <= TimeSpan.Zero) throw new ArgumentOutOfRangeException(nameof(window), window, "a window is a positive span");
+            if (frames < 1 || frames > 4096) throw new ArgumentOutOfRangeException(nameof(frames), frames, "from 1 to 4096 frames");
+            var grid = Grid(plane, columns, rows);
+
+            IntPtr handle = TimePointStreamingEmitter.getCPtr(emitter).Handle;
+            var devices = ReadDevices(handle, Native.VelarionEmulator_Streaming_fieldDevices);
+            if (devices.Count == 0) throw NoDevice("time-point streaming");
+            var values = new float[columns * rows];
+            int result = Native.VelarionEmulator_Streaming_pressureField(handle, in grid, window.Ticks * 100, (uint)frames,
+                                                                         values, (ulong)values.Length);
+            GC.KeepAlive(emitter);
+            Check(result, "time-point streaming");
+            return new PressureMap(plane, FieldMoment.TimeAverage, columns, rows, values, devices,
+                                   Array.AsReadOnly(Array.Empty<FocalPoint>()), window);
+        }
+
+        private static Native.FieldGrid Grid(FieldPlane plane, int columns, int rows)
+        {
+            if (plane == null) throw new ArgumentNullException(nameof(plane));
+            if (columns < 1) throw new ArgumentOutOfRangeException(nameof(columns), columns, "a map needs at least one column");
+            if (rows < 1) throw new ArgumentOutOfRangeException(nameof(rows), rows, "a map needs at least one row");
+            if ((long)columns * rows > MaximumPoints)
+            {
+                throw new ArgumentOutOfRangeException(nameof(rows), rows, $"a map holds at most {MaximumPoints} points");
+            }
+            float columnStep = columns > 1 ? (plane.Right - plane.Left) / (columns - 1) : 0f;
+            float rowStep = rows > 1 ? (plane.Top - plane.Bottom) / (rows - 1) : 0f;
+            float firstColumn = columns > 1 ? plane.Left : (plane.Left + plane.Right) / 2;
+            float firstRow = rows > 1 ? plane.Bottom : (plane.Bottom + plane.Top) / 2;
+            return new Native.FieldGrid(plane.PointAt(firstColumn, firstRow), columnStep * plane.HorizontalAxis,
+                                        rowStep * plane.VerticalAxis, (uint)columns, (uint)rows);
+        }
+
+        private static void Check(int result, string kind)
+        {
             switch (result)
             {
                 case 0:
-                    return new PressureMap(plane, moment, columns, rows, values, devices, focalPoints);
+                    return;
                 case Native.UnknownEmitter:
-                    throw NotEmulated(nameof(emitter));
+                    throw NotEmulated("emitter");
+                case Native.NoDevice:
+                    throw NoDevice(kind);
+                case Native.NoSamples:
+                    throw new InvalidOperationException(
+                        "the time-point streaming emitter has emitted nothing to map yet: start it first");
                 default:
-                    throw new ArgumentException($"the emulator refused the grid ({result})", nameof(plane));
+                    throw new ArgumentException($"the emulator refused the grid ({result})", "plane");
             }
         }
+
+        private static InvalidOperationException NoDevice(string kind) =>
+            new InvalidOperationException($"the {kind} emitter holds no device, so it makes no field to map");
 
         /// <summary>The arrays of an amplitude modulation emitter.</summary>
         public static IReadOnlyList<EmulatedArray> Devices(AmplitudeModulationEmitter emitter)
@@ -329,6 +415,8 @@ namespace Velarion.Emulation
     {
         private const string DeviceLibrary = "Velarion";
         internal const int UnknownEmitter = -1;
+        internal const int NoDevice = -5;
+        internal const int NoSamples = -6;
 
         [StructLayout(LayoutKind.Sequential)]
         internal readonly struct FieldGrid
@@ -381,6 +469,10 @@ namespace Velarion.Emulation
         [DllImport(DeviceLibrary)]
         public static extern int VelarionEmulator_AmplitudeModulation_pressureField(
             IntPtr emitter, in FieldGrid grid, int moment, [Out] float[] values, ulong capacity);
+
+        [DllImport(DeviceLibrary)]
+        public static extern int VelarionEmulator_Streaming_pressureField(
+            IntPtr emitter, in FieldGrid grid, long windowNanoseconds, uint frames, [Out] float[] values, ulong capacity);
 
         [DllImport(DeviceLibrary)]
         public static extern int VelarionEmulator_AmplitudeModulation_fieldDevices(

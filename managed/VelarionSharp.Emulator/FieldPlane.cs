@@ -5,7 +5,7 @@ using System.Numerics;
 namespace Velarion.Emulation
 {
     /// <summary>
-    /// A rectangle in the emitter's space on which <see cref="EmulatedField.Map"/>
+    /// A rectangle in the emitter's space on which <see cref="O:Velarion.Emulation.EmulatedField.Map"/>
     /// samples the pressure: a horizontal plane at a height, or a vertical slice.
     /// Positions on it are given by two coordinates in metres along
     /// <see cref="HorizontalAxis"/> and <see cref="VerticalAxis"/>, measured from

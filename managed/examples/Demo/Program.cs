@@ -197,6 +197,12 @@ namespace Velarion.Demo
             string picture = System.IO.Path.GetFullPath("streamed-circle.png");
             FieldPlots.SaveEmittedPath(EmulatedField.Path(emitter), picture, maximumSamples: 800);
             Console.WriteLine($"the emitted path (its last 800 samples, two turns): {picture}");
+            // What a hand feels: the field of the circle averaged over one turn.
+            var plane = FieldPlane.Horizontal(CircleHeight, 0.08f, 0.08f);
+            PressureMap felt = EmulatedField.Map(emitter, plane, TimeSpan.FromMilliseconds(10), 100, 100, frames: 20);
+            string feltPicture = System.IO.Path.GetFullPath("streamed-field.png");
+            FieldPlots.SavePressureMap(felt, feltPicture);
+            Console.WriteLine($"the circle's field averaged over one turn (peak {felt.Peak:0} Pa RMS): {feltPicture}");
             for (uint level = 1; level <= 3; ++level) logging.SetCallback((DeviceLogLevel)level, null);
             Console.WriteLine();
         }

@@ -27,6 +27,8 @@ namespace Velarion.Guide
             Logs.ToILogger();
             Configuration.Load(sampleConfigurations);
             Field.Draw(pictures);
+            Emulator.UnplugAndReplug();
+            Emulator.DrawStreamedField(pictures);
         }
     }
 }

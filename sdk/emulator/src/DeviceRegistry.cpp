@@ -6,6 +6,7 @@
 #include "DeviceInfoAccess.h"
 #include "HardwareConfiguration.h"
 #include "Log.h"
+#include "common/Refusals.h"
 
 namespace VelarionEmulator {
 namespace internal {
@@ -133,6 +134,7 @@ bool DeviceRegistry::release(const std::string& identifier, const void* owner) {
     auto it = findRecord(devices_, identifier);
     if (it == devices_.end() || owner == nullptr || it->claimant != owner) return false;
     it->claimant = nullptr;
+    ++revision_;  // an emitter waiting for the device may take it now
   }
   return true;
 }
@@ -141,8 +143,28 @@ void DeviceRegistry::releaseAll(const void* owner) {
   if (owner == nullptr) return;
   std::lock_guard<std::mutex> lock(mutex_);
   for (DeviceRecord& record : devices_) {
-    if (record.claimant == owner) record.claimant = nullptr;
+    if (record.claimant == owner) {
+      record.claimant = nullptr;
+      ++revision_;
+    }
   }
+}
+
+std::string DeviceRegistry::unavailableReason(const std::string& identifier, const void* owner) const {
+  if (identifier.empty()) return "no device is free";
+  std::lock_guard<std::mutex> lock(mutex_);
+  auto it = findRecord(devices_, identifier);
+  if (it == devices_.end()) return "there is no such device";
+  if (!it->device.connected) return "it is disconnected";
+  if (it->claimant == owner) return "";
+  if (it->claimant == otherApplication()) return "another application holds it";
+  if (it->claimant != nullptr) return "another emitter holds it";
+  return "";
+}
+
+const void* DeviceRegistry::otherApplication() {
+  static const char token = 0;
+  return &token;
 }
 
 bool DeviceRegistry::add(const VirtualDevice& device, bool addedAtRunTime) {
@@ -161,9 +183,9 @@ bool DeviceRegistry::add(const VirtualDevice& device, bool addedAtRunTime) {
         "device added: " + device.identifier + " (" + device.modelIdentifier + ", " +
             std::to_string(device.transducers.size()) + " transducers)");
   } else {
-    log(LogLevel::Warning, "Devices",
-        device.identifier.empty() ? std::string("device not added: empty identifier")
-                                  : "device not added: identifier " + device.identifier + " already present");
+    logRefusal("Devices", this, "add",
+               device.identifier.empty() ? std::string("device not added: empty identifier")
+                                         : "device not added: identifier " + device.identifier + " already present");
   }
   return added;
 }
@@ -220,6 +242,7 @@ void DeviceRegistry::replaceConfigured(std::vector<VirtualDevice> configured, co
 }
 
 void DeviceRegistry::resetToDefaults() {
+  forgetRefusals();
   std::lock_guard<std::mutex> lock(mutex_);
   devices_.clear();
   for (VirtualDevice& device : builtInDevices()) {

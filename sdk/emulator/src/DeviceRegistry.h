@@ -42,8 +42,9 @@ class DeviceRegistry {
   std::string firstAvailable() const;
   bool isConnected(const std::string& identifier) const;
   bool isClaimed(const std::string& identifier) const;
-  // Changes whenever a device is added, removed, reloaded, connected or
-  // disconnected, so a thread can notice cheaply that it should look again.
+  // Changes whenever a device is added, removed, reloaded, connected,
+  // disconnected or released, so a thread can notice cheaply that it should
+  // look again.
   uint64_t revision() const;
 
   // --- claims (emitters) ---------------------------------------------------
@@ -55,6 +56,11 @@ class DeviceRegistry {
   bool release(const std::string& identifier, const void* owner);
   // Releases everything `owner` holds (an emitter's destructor).
   void releaseAll(const void* owner);
+  // Why `owner` cannot claim the device now ("no such device", "it is
+  // disconnected", "another emitter holds it", ...); "" when it can.
+  std::string unavailableReason(const std::string& identifier, const void* owner) const;
+  // The owner token of "another application" (Devices::holdDevice).
+  static const void* otherApplication();
 
   // --- changes ---------------------------------------------------------------
   bool add(const VirtualDevice& device, bool addedAtRunTime);

@@ -4,6 +4,7 @@
 #include "DeviceRegistry.h"
 #include "HardwareConfiguration.h"
 #include "Log.h"
+#include "common/Refusals.h"
 
 namespace VelarionEmulator {
 namespace Devices {
@@ -15,25 +16,48 @@ VirtualDevice makeGridDevice(const std::string& identifier, unsigned int columns
 }
 
 bool addDevice(const VirtualDevice& device) { return DeviceRegistry::instance().add(device, true); }
-bool removeDevice(const std::string& identifier) { return DeviceRegistry::instance().remove(identifier); }
-bool setConnected(const std::string& identifier, bool connected) {
-  return DeviceRegistry::instance().setConnected(identifier, connected);
-}
-std::vector<std::string> identifiers() { return DeviceRegistry::instance().identifiers(); }
 namespace {
-// The claim token of the "other application".
-const char kOtherApplication = 0;
+constexpr const char* kArea = "Devices";
+const void* const kControl = &kArea;  // refusals of the control interface
 }  // namespace
 
+bool removeDevice(const std::string& identifier) {
+  if (DeviceRegistry::instance().remove(identifier)) return true;
+  internal::logRefusal(kArea, kControl, "remove", "device " + identifier + " not removed: there is no such device");
+  return false;
+}
+
+bool setConnected(const std::string& identifier, bool connected) {
+  if (DeviceRegistry::instance().setConnected(identifier, connected)) return true;
+  internal::logRefusal(kArea, kControl, "connect",
+                       "device " + identifier + (connected ? " not connected" : " not disconnected") +
+                           ": there is no such device");
+  return false;
+}
+
+std::vector<std::string> identifiers() { return DeviceRegistry::instance().identifiers(); }
+
 bool holdDevice(const std::string& identifier) {
-  if (!DeviceRegistry::instance().claim(identifier, &kOtherApplication)) return false;
-  internal::log(Velarion::LogLevel::Debug, "Devices", "device claimed: " + identifier);
+  DeviceRegistry& registry = DeviceRegistry::instance();
+  // Free, connected and not held yet, not even by this same "application".
+  if (!registry.unavailableReason(identifier, nullptr).empty() ||
+      !registry.claim(identifier, DeviceRegistry::otherApplication())) {
+    internal::logRefusal(kArea, kControl, "hold",
+                         "device " + identifier + " not held for another application: " +
+                             registry.unavailableReason(identifier, nullptr));
+    return false;
+  }
+  internal::log(Velarion::LogLevel::Debug, kArea, "device claimed: " + identifier);
   return true;
 }
 
 bool releaseHeldDevice(const std::string& identifier) {
-  if (!DeviceRegistry::instance().release(identifier, &kOtherApplication)) return false;
-  internal::log(Velarion::LogLevel::Debug, "Devices", "device released: " + identifier);
+  if (!DeviceRegistry::instance().release(identifier, DeviceRegistry::otherApplication())) {
+    internal::logRefusal(kArea, kControl, "release",
+                         "device " + identifier + " not released: another application does not hold it");
+    return false;
+  }
+  internal::log(Velarion::LogLevel::Debug, kArea, "device released: " + identifier);
   return true;
 }
 

@@ -8,14 +8,17 @@
 // that callback itself it returns at once instead of waiting on itself.
 #include <algorithm>
 #include <atomic>
+#include <cerrno>
 #include <condition_variable>
 #include <cstdio>
+#include <cstring>
 #include <memory>
 #include <mutex>
 #include <string>
 #include <vector>
 
 #include "Log.h"
+#include "common/Refusals.h"
 #include "Velarion/LoggingExternalInterface.h"
 
 namespace Velarion {
@@ -219,6 +222,9 @@ int LoggingExternalInterface::getLogLevel() const {
 
 bool LoggingExternalInterface::setLogLevel(int level) {
   if (level < static_cast<int>(LogLevel::Off) || level > static_cast<int>(LogLevel::Trace)) {
+    VelarionEmulator::internal::logRefusal("Logging", implementation_, "level",
+                                           "Log level " + std::to_string(level) +
+                                               " refused; valid: 0 (off) to 5 (trace)");
     return false;
   }
   std::lock_guard<std::mutex> lock(implementation_->mutex);
@@ -228,10 +234,15 @@ bool LoggingExternalInterface::setLogLevel(int level) {
 
 bool LoggingExternalInterface::redirectLoggingToFile(const char* path) {
   if (path == nullptr || *path == '\0') {
+    VelarionEmulator::internal::logRefusal("Logging", implementation_, "file", "Log file refused: no path given");
     return false;
   }
   std::FILE* file = std::fopen(path, "a");
   if (file == nullptr) {
+    const int error = errno;
+    VelarionEmulator::internal::logRefusal("Logging", implementation_, "file",
+                                           "Log file \"" + std::string(path) + "\" cannot be opened for appending: " +
+                                               std::strerror(error) + "; the destination is unchanged");
     return false;
   }
   std::lock_guard<std::mutex> lock(implementation_->mutex);
@@ -261,6 +272,9 @@ bool LoggingExternalInterface::redirectLoggingToStdErr() {
 bool LoggingExternalInterface::setCallbackForLogLevel(unsigned int level, LoggingCallbackFunction callback,
                                                       void* user_data) {
   if (level < static_cast<unsigned int>(LogLevel::Error) || level > static_cast<unsigned int>(LogLevel::Trace)) {
+    VelarionEmulator::internal::logRefusal("Logging", implementation_, "callback",
+                                           "Log callback refused for level " + std::to_string(level) +
+                                               "; valid: 1 (error) to 5 (trace)");
     return false;
   }
   return implementation_->install(level, callback, user_data);

@@ -7,6 +7,7 @@
 #include "DeviceRegistry.h"
 #include "HardwareConfiguration.h"
 #include "Log.h"
+#include "common/Refusals.h"
 #include "VelarionEmulator/Journal.h"
 
 namespace Velarion {
@@ -22,6 +23,23 @@ using VelarionEmulator::internal::log;
 namespace Journal = VelarionEmulator::Journal;
 
 std::string quoted(const char* text) { return Journal::argument(text); }
+
+// An identifier the library does not know: the answer is false or empty, and
+// the log says why.
+bool known(const char* identifier, const char* call) {
+  if (identifier != nullptr && DeviceRegistry::instance().find(identifier)) return true;
+  VelarionEmulator::internal::logRefusal(
+      "Library", &DeviceRegistry::instance(), call,
+      std::string(call) + ": " + (identifier == nullptr ? std::string("no identifier given")
+                                                        : "there is no device " + std::string(identifier)));
+  return false;
+}
+
+void unknownIndex(unsigned int index, const char* call) {
+  VelarionEmulator::internal::logRefusal("Library", &DeviceRegistry::instance(), call,
+                                         std::string(call) + ": there is no device " + std::to_string(index) + " (" +
+                                             std::to_string(DeviceRegistry::instance().count()) + " known)");
+}
 
 bool contains(const std::vector<unsigned int>& indices, unsigned int index) {
   for (unsigned int i : indices) {
@@ -70,6 +88,7 @@ unsigned int VelarionLibrary::getDeviceIdentifier(unsigned int index, char* buff
   DeviceRegistry& registry = DeviceRegistry::instance();
   std::optional<VelarionEmulator::internal::DeviceRecord> record = registry.at(index);
   const DeviceRegistry::Faults faults = registry.faults();
+  if (!record) unknownIndex(index, "getDeviceIdentifier");
   if (!record || contains(faults.zeroSizeQuery, index)) return 0;
   std::string identifier = record->device.identifier;
   if (buffer != nullptr && contains(faults.identifierLengthChange, index)) {
@@ -87,7 +106,10 @@ DeviceInfo VelarionLibrary::getDeviceInfoByIndex(unsigned int index) const {
   if (implementation_ == nullptr) return DeviceInfo();
   DeviceRegistry& registry = DeviceRegistry::instance();
   std::optional<VelarionEmulator::internal::DeviceRecord> record = registry.at(index);
-  if (!record) return DeviceInfo();
+  if (!record) {
+    unknownIndex(index, "getDeviceInfoByIndex");
+    return DeviceInfo();
+  }
   if (contains(registry.faults().emptyDescriptionIdentifier, index)) {
     record->device.identifier.clear();
   }
@@ -96,18 +118,20 @@ DeviceInfo VelarionLibrary::getDeviceInfoByIndex(unsigned int index) const {
 
 DeviceInfo VelarionLibrary::getDeviceInfoByIdentifier(const char* identifier) const {
   Journal::record("VelarionLibrary::getDeviceInfoByIdentifier(" + quoted(identifier) + ")");
-  if (implementation_ == nullptr || identifier == nullptr) return DeviceInfo();
+  if (implementation_ == nullptr || !known(identifier, "getDeviceInfoByIdentifier")) return DeviceInfo();
   return DeviceRegistry::instance().deviceInfo(identifier);
 }
 
 bool VelarionLibrary::isDeviceConnected(const char* identifier) const {
   Journal::record("VelarionLibrary::isDeviceConnected(" + quoted(identifier) + ")");
-  return implementation_ != nullptr && identifier != nullptr && DeviceRegistry::instance().isConnected(identifier);
+  return implementation_ != nullptr && known(identifier, "isDeviceConnected") &&
+         DeviceRegistry::instance().isConnected(identifier);
 }
 
 bool VelarionLibrary::isDeviceClaimed(const char* identifier) const {
   Journal::record("VelarionLibrary::isDeviceClaimed(" + quoted(identifier) + ")");
-  return implementation_ != nullptr && identifier != nullptr && DeviceRegistry::instance().isClaimed(identifier);
+  return implementation_ != nullptr && known(identifier, "isDeviceClaimed") &&
+         DeviceRegistry::instance().isClaimed(identifier);
 }
 
 bool VelarionLibrary::isProcessPriorityManagementAllowed() const {

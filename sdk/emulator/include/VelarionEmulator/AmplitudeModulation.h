@@ -103,4 +103,20 @@ VELARION_API void VelarionEmulator_AmplitudeModulation_stepAll(uint32_t samples)
 VELARION_API float VelarionEmulator_AmplitudeModulation_pressureAmplitudeAt(float x, float y, float z);
 // Transducers of the device's current frame; 0 while it is silent.
 VELARION_API uint32_t VelarionEmulator_AmplitudeModulation_transducerCount(const char* deviceIdentifier);
+
+// One element of a device's current frame (TransducerDrive).
+struct VelarionEmulatorTransducerDrive {
+  float position[3];
+  float direction[3];
+  uint32_t phaseStep;
+  float phase;
+  float amplitude;
+};
+
+// The device's current frame: its element count (0 while silent); writes
+// min(count, capacity) elements and, when `sampleIndex` is not null, the
+// envelope sample the frame renders.
+VELARION_API uint32_t VelarionEmulator_AmplitudeModulation_drive(const char* deviceIdentifier,
+                                                                 VelarionEmulatorTransducerDrive* out,
+                                                                 uint32_t capacity, uint64_t* sampleIndex);
 }

@@ -2,6 +2,7 @@
 // inject faults, and reset everything to the built-in defaults.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -41,7 +42,9 @@ VELARION_API VirtualDevice makeGridDevice(const std::string& identifier, unsigne
 // already present.
 VELARION_API bool addDevice(const VirtualDevice& device);
 // False when there is no such device. A claimed device is removed too; its
-// emitter finds it gone.
+// emitter finds it gone, and takes it back if a device of that identifier is
+// added again. setConnected(false) is an unplug: the device stays claimed by
+// its emitter, which stops emitting on it until setConnected(true).
 VELARION_API bool removeDevice(const std::string& identifier);
 VELARION_API bool setConnected(const std::string& identifier, bool connected);
 // Identifiers in enumeration order.
@@ -49,7 +52,8 @@ VELARION_API std::vector<std::string> identifiers();
 
 // As if an emitter of another application held the device: it reads as
 // claimed and no emitter here can take it. False when unknown, disconnected
-// or already held by an emitter.
+// or already held by an emitter. Releasing it lets an emitter waiting for it
+// take it.
 VELARION_API bool holdDevice(const std::string& identifier);
 VELARION_API bool releaseHeldDevice(const std::string& identifier);
 
@@ -67,8 +71,47 @@ VELARION_API void injectEmptyDescriptionIdentifier(unsigned int index);
 VELARION_API void clearFaults();
 
 // The built-in devices, connected and unclaimed; no faults; priority
-// management allowed. The journal is left alone.
+// management allowed; every kind of refusal logged at once again. The journal
+// is left alone.
 VELARION_API void resetToDefaults();
 
 }  // namespace Devices
 }  // namespace VelarionEmulator
+
+// The same for callers that cannot use C++ (platform invoke). Functions
+// returning int give 0 on success, -1 for an invalid argument and -2 when the
+// emulator's state refuses (a device already present, unknown, or not
+// available); VelarionEmulator_lastError then tells why. Nothing is thrown
+// across this boundary.
+extern "C" {
+
+// Why the calling thread's last failed call failed: the bytes needed with the
+// NUL; the text is written when `capacity` holds it.
+VELARION_API uint32_t VelarionEmulator_lastError(char* buffer, uint32_t capacity);
+
+// A grid device (Devices::makeGridDevice) of at most 65536 elements, pitch 1 mm
+// to 1 m, no wider or deeper than 10 m.
+VELARION_API int VelarionEmulator_Devices_addGrid(const char* identifier, uint32_t columns, uint32_t rows,
+                                                  float pitch);
+// Every device of a hardware configuration text (the file format); all or
+// none. Returns how many were added, or -1 / -2.
+VELARION_API int VelarionEmulator_Devices_addConfiguration(const char* text);
+VELARION_API int VelarionEmulator_Devices_remove(const char* identifier);
+VELARION_API int VelarionEmulator_Devices_setConnected(const char* identifier, int connected);
+VELARION_API int VelarionEmulator_Devices_hold(const char* identifier);
+VELARION_API int VelarionEmulator_Devices_releaseHeld(const char* identifier);
+// Every device's identifier, each followed by a NUL, in enumeration order:
+// the bytes needed; written only when `capacity` holds them all.
+VELARION_API uint64_t VelarionEmulator_Devices_identifiers(char* buffer, uint64_t capacity);
+// Bytes needed with the NUL; written when `capacity` holds them.
+VELARION_API uint32_t VelarionEmulator_Devices_builtInConfiguration(char* buffer, uint32_t capacity);
+// 0: identifier length change, 1: zero size query, 2: empty description identifier.
+VELARION_API int VelarionEmulator_Devices_injectFault(int kind, uint32_t index);
+VELARION_API void VelarionEmulator_Devices_clearFaults(void);
+VELARION_API void VelarionEmulator_Devices_resetToDefaults(void);
+
+// The journal's entries, each followed by a NUL, oldest first: the bytes
+// needed; written only when `capacity` holds them all.
+VELARION_API uint64_t VelarionEmulator_Journal_read(char* buffer, uint64_t capacity);
+VELARION_API void VelarionEmulator_Journal_clear(void);
+}

@@ -59,6 +59,9 @@ constexpr int kUnknownEmitter = -1;   // not a live emulated amplitude modulatio
 constexpr int kInvalidGrid = -2;      // null, empty, too many points or not finite
 constexpr int kBufferTooSmall = -3;
 constexpr int kInvalidMoment = -4;
+constexpr int kNoDevice = -5;        // the emitter holds no device
+constexpr int kNoSamples = -6;       // a streaming emitter emitted nothing yet
+constexpr int kInvalidWindow = -7;   // a window or frame count of 0
 
 // Which frame a map shows.
 constexpr int kCurrentFrame = 0;
@@ -70,6 +73,9 @@ constexpr uint64_t kMaximumPoints = uint64_t(1) << 26;
 // The frames of the emitter's devices at `moment`; empty while it is silent.
 VELARION_API std::vector<AmplitudeModulation::DeviceDrive> drivesOf(
     const Velarion::AmplitudeModulation::Emitter& emitter, int moment);
+
+// Not null, not empty, not too large, finite.
+bool validGrid(const VelarionEmulatorFieldGrid& grid);
 
 // RMS carrier pressure (Pa) at every grid point from the given frames, all
 // in one space. `values` holds columns * rows floats.
@@ -99,6 +105,17 @@ VELARION_API int32_t VelarionEmulator_AmplitudeModulation_fieldDevices(const voi
 // the device's element count.
 VELARION_API int32_t VelarionEmulator_Streaming_fieldDevices(const void* emitter, VelarionEmulatorFieldDevice* out,
                                                             uint32_t capacity);
+
+// The field a time-point streaming emitter made: the RMS carrier pressure
+// (Pa) averaged over the newest `windowNanoseconds` of its recorded samples,
+// the mean of the squared pressure of up to `frames` time points spread
+// evenly over the window. Each time point's drive focuses every enabled
+// control point at its intensity, as an amplitude modulation frame at the
+// top of its envelope would. Returns kOk, or kUnknownEmitter, kNoDevice,
+// kNoSamples, kInvalidWindow, kInvalidGrid, kBufferTooSmall.
+VELARION_API int VelarionEmulator_Streaming_pressureField(const void* emitter, const VelarionEmulatorFieldGrid* grid,
+                                                         int64_t windowNanoseconds, uint32_t frames, float* values,
+                                                         uint64_t capacity);
 
 // Whether manual stepping is on (see VelarionEmulator/AmplitudeModulation.h):
 // 1 or 0. Maps of a chosen moment need it.

@@ -165,4 +165,22 @@ uint32_t VelarionEmulator_AmplitudeModulation_transducerCount(const char* device
   const auto drive = VelarionEmulator::AmplitudeModulation::currentDrive(std::string(deviceIdentifier));
   return drive ? static_cast<uint32_t>(drive->transducers.size()) : 0;
 }
+
+uint32_t VelarionEmulator_AmplitudeModulation_drive(const char* deviceIdentifier, VelarionEmulatorTransducerDrive* out,
+                                                    uint32_t capacity, uint64_t* sampleIndex) {
+  if (deviceIdentifier == nullptr) return 0;
+  const auto drive = VelarionEmulator::AmplitudeModulation::currentDrive(std::string(deviceIdentifier));
+  if (!drive) return 0;
+  if (sampleIndex != nullptr) *sampleIndex = drive->sampleIndex;
+  const std::size_t count = drive->transducers.size();
+  for (std::size_t i = 0; out != nullptr && i < count && i < capacity; ++i) {
+    const auto& t = drive->transducers[i];
+    out[i] = VelarionEmulatorTransducerDrive{{t.position.x, t.position.y, t.position.z},
+                                             {t.direction.x, t.direction.y, t.direction.z},
+                                             t.phaseStep,
+                                             t.phase,
+                                             t.amplitude};
+  }
+  return static_cast<uint32_t>(count);
+}
 }

@@ -18,6 +18,7 @@ using VelarionEmulator::internal::DeviceRecord;
 using VelarionEmulator::internal::extendedOptionQuery;
 using VelarionEmulator::internal::FlushLog;
 using VelarionEmulator::internal::log;
+using VelarionEmulator::internal::number;
 using VelarionEmulator::internal::quoted;
 namespace am = VelarionEmulator::internal::am;
 namespace control = VelarionEmulator::AmplitudeModulation;
@@ -186,9 +187,13 @@ bool Emitter::setDeviceTransform(const char* identifier, Transform transform, Re
   journal("setDeviceTransform(" + quoted(identifier) + ", " + std::to_string(static_cast<int>(reEmit)) + ")");
   EmitterImplementation* e = implementation_;
   if (e == nullptr) return false;
-  if (reEmit != ReEmitInEmitterSpace && reEmit != ReEmitFollowingDevice && reEmit != DoNotReEmit) return false;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  HeldDevice* device = e->find(identifier);
+  VelarionEmulator::internal::LockedLogging locked(*e);
+  if (reEmit != ReEmitInEmitterSpace && reEmit != ReEmitFollowingDevice && reEmit != DoNotReEmit) {
+    e->noteRefusal("transform", "Device transform refused: re-emit mode " + std::to_string(static_cast<int>(reEmit)) +
+                                    " is not one of 0 (in emitter space), 1 (following the device), 2 (do not re-emit)");
+    return false;
+  }
+  HeldDevice* device = e->transformTarget(identifier);
   if (device == nullptr) return false;
   if (reEmit == ReEmitFollowingDevice) {
     // Carry every point along with the device's motion.
@@ -226,7 +231,19 @@ bool Emitter::update(const ControlPoint* points, size_t count) {
   EmitterImplementation* e = implementation_;
   if (e == nullptr) return false;
   VelarionEmulator::internal::LockedLogging locked(*e);
-  if (!e->connected() || count > control::kControlPointLimit || (points == nullptr && count > 0)) return false;
+  if (!e->connected()) {
+    e->noteRefusal("update:device", "Update refused: " + e->notConnectedReason());
+    return false;
+  }
+  if (count > control::kControlPointLimit) {
+    e->noteRefusal("update:count", "Update refused: " + std::to_string(count) + " control points; valid: 0 to " +
+                                       std::to_string(control::kControlPointLimit));
+    return false;
+  }
+  if (points == nullptr && count > 0) {
+    e->noteRefusal("update:null", "Update refused: no control points given for a count of " + std::to_string(count));
+    return false;
+  }
 
   std::vector<am::PointState> states;
   for (size_t i = 0; i < count; ++i) {
@@ -237,8 +254,24 @@ bool Emitter::update(const ControlPoint* points, size_t count) {
     s.frequency = p.getFrequency();
     s.phaseAngle = p.getPhaseAngle();
     s.autoPhase = p.hasAutoPhaseAngle();
-    if (!finite(s.position) || !(s.intensity >= 0.0f && s.intensity <= 1.0f) ||
-        !(s.frequency >= 0.0f && s.frequency <= 0.5f * e->settings.sampleRate) || !std::isfinite(s.phaseAngle)) {
+    const std::string which = "Update refused: control point " + std::to_string(i) + " has ";
+    const double nyquist = 0.5 * e->settings.sampleRate;
+    if (!finite(s.position)) {
+      e->noteRefusal("update:position", which + "position (" + number(s.position.x) + ", " + number(s.position.y) +
+                                            ", " + number(s.position.z) + "); valid: finite coordinates");
+      return false;
+    }
+    if (!(s.intensity >= 0.0f && s.intensity <= 1.0f)) {
+      e->noteRefusal("update:intensity", which + "intensity " + number(s.intensity) + "; valid: 0 to 1");
+      return false;
+    }
+    if (!(s.frequency >= 0.0f && s.frequency <= nyquist)) {
+      e->noteRefusal("update:frequency", which + "frequency " + number(s.frequency) + " Hz; valid: 0 to " +
+                                             number(nyquist) + " Hz (half the sample rate)");
+      return false;
+    }
+    if (!std::isfinite(s.phaseAngle)) {
+      e->noteRefusal("update:phase", which + "phase angle " + number(s.phaseAngle) + "; valid: a finite angle");
       return false;
     }
     states.push_back(s);
@@ -263,8 +296,11 @@ bool Emitter::stop() {
   if (e == nullptr) return false;
   bool wasEmitting = false;
   {
-    std::lock_guard<std::mutex> lock(e->mutex);
-    if (e->devices.empty()) return false;
+    VelarionEmulator::internal::LockedLogging locked(*e);
+    if (e->devices.empty()) {
+      e->noteRefusal("stop", "Stop refused: " + e->notConnectedReason());
+      return false;
+    }
     wasEmitting = e->emitting;
     e->emitting = false;
     e->points.clear();
@@ -307,10 +343,18 @@ unsigned int Emitter::setSampleRate(unsigned int rate) {
   journal("setSampleRate(" + std::to_string(rate) + ")");
   EmitterImplementation* e = implementation_;
   if (e == nullptr) return 0;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  if (rate != 0) {
+  VelarionEmulator::internal::LockedLogging locked(*e);
+  if (rate == 0) {
+    e->noteRefusal("rate", "Sample rate 0 Hz refused; valid: 1 to " + std::to_string(control::kSampleRateLimit) +
+                               " Hz; it stays at " + std::to_string(e->settings.sampleRate) + " Hz");
+  } else {
     e->restartClock();
     e->settings.sampleRate = rate < control::kSampleRateLimit ? rate : control::kSampleRateLimit;
+    if (rate > control::kSampleRateLimit) {
+      e->noteRefusal("rate", "Sample rate " + std::to_string(rate) + " Hz is above the limit of " +
+                                 std::to_string(control::kSampleRateLimit) + " Hz; it is now " +
+                                 std::to_string(control::kSampleRateLimit) + " Hz");
+    }
   }
   return e->settings.sampleRate;
 }
@@ -327,9 +371,17 @@ unsigned int Emitter::getSampleRateLimit() const { return control::kSampleRateLi
 bool Emitter::setExtendedOption(const char* name, const char* value) {
   journal("setExtendedOption(" + quoted(name) + ", " + quoted(value) + ")");
   EmitterImplementation* e = implementation_;
-  if (e == nullptr || name == nullptr || value == nullptr) return false;
-  std::lock_guard<std::mutex> lock(e->mutex);
+  if (e == nullptr) return false;
+  VelarionEmulator::internal::LockedLogging locked(*e);
+  if (name == nullptr || value == nullptr) {
+    e->noteRefusal("option", std::string("Extended option refused: ") + (name == nullptr ? "null name" : "null value"));
+    return false;
+  }
   const std::string option(name);
+  const auto refuse = [&](const std::string& valid) {
+    e->noteRefusal("option:" + option, "Extended option \"" + option + "\" refused value \"" + value + "\"; valid: " + valid);
+    return false;
+  };
   if (option == "modulationWaveform") {
     const std::string v(value);
     if (v == "sine") {
@@ -339,15 +391,19 @@ bool Emitter::setExtendedOption(const char* name, const char* value) {
     } else if (v == "triangle") {
       e->settings.waveform = am::Waveform::triangle;
     } else {
-      return false;
+      return refuse("sine, square, triangle");
     }
   } else if (option == "speedOfSound") {
     char* end = nullptr;
     const double speed = std::strtod(value, &end);
-    if (end == value || *end != '\0' || !(speed >= 250.0 && speed <= 450.0)) return false;
+    if (end == value || *end != '\0' || !(speed >= 250.0 && speed <= 450.0)) return refuse("250 to 450 (m/s)");
     e->settings.speedOfSound = static_cast<float>(speed);
   } else {
-    return false;  // unknown, or read-only
+    e->noteRefusal("option:" + option, optionValue(*e, option) ? "Extended option \"" + option + "\" is read-only"
+                                                               : "Extended option \"" + option +
+                                                                     "\" is unknown; settable: modulationWaveform, "
+                                                                     "speedOfSound");
+    return false;
   }
   e->render();
   return true;
@@ -356,9 +412,21 @@ bool Emitter::setExtendedOption(const char* name, const char* value) {
 size_t Emitter::getExtendedOption(const char* name, char* buffer, size_t size) const {
   journal(extendedOptionQuery(name, buffer, size));
   const EmitterImplementation* e = implementation_;
-  if (e == nullptr || name == nullptr) return 0;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  return answerExtendedOption(optionValue(*e, name), buffer, size);
+  if (e == nullptr) return 0;
+  if (name == nullptr) {
+    VelarionEmulator::internal::logRefusal(kEmitterKind.area, e, "option", "Extended option query refused: null name");
+    return 0;
+  }
+  std::optional<std::string> value;
+  {
+    std::lock_guard<std::mutex> lock(e->mutex);
+    value = optionValue(*e, name);
+  }
+  if (!value) {
+    VelarionEmulator::internal::logRefusal(kEmitterKind.area, e, std::string("option:") + name,
+                                           "Extended option \"" + std::string(name) + "\" is unknown");
+  }
+  return answerExtendedOption(value, buffer, size);
 }
 
 DeviceInfo Emitter::getDeviceInfo() const {

@@ -66,11 +66,6 @@ std::vector<DeviceDrive> drivesLocked(const EmitterImplementation& e, int moment
 
 bool finite(const float (&v)[3]) { return std::isfinite(v[0]) && std::isfinite(v[1]) && std::isfinite(v[2]); }
 
-bool valid(const VelarionEmulatorFieldGrid& grid) {
-  const uint64_t points = uint64_t(grid.columns) * grid.rows;
-  return points > 0 && points <= kMaximumPoints && finite(grid.origin) && finite(grid.columnStep) &&
-         finite(grid.rowStep);
-}
 
 Vector3 gridPoint(const VelarionEmulatorFieldGrid& g, uint32_t column, uint32_t row) {
   const auto at = [&](int i) {
@@ -150,6 +145,12 @@ std::complex<double> pressureAt(const std::vector<Frame>& frames, const Vector3&
 
 }  // namespace
 
+bool validGrid(const VelarionEmulatorFieldGrid& grid) {
+  const uint64_t points = uint64_t(grid.columns) * grid.rows;
+  return points > 0 && points <= kMaximumPoints && finite(grid.origin) && finite(grid.columnStep) &&
+         finite(grid.rowStep);
+}
+
 std::vector<DeviceDrive> drivesOf(const Emitter& emitter, int moment) {
   std::vector<DeviceDrive> drives;
   withEmitter(&emitter, [&](const EmitterImplementation& e) { drives = drivesLocked(e, moment); });
@@ -189,7 +190,7 @@ int VelarionEmulator_AmplitudeModulation_pressureField(const void* emitter, cons
   if (!field::withEmitter(emitter, [&](const EmitterImplementation& e) { drives = field::drivesLocked(e, moment); })) {
     return field::kUnknownEmitter;
   }
-  if (grid == nullptr || !field::valid(*grid)) return field::kInvalidGrid;
+  if (grid == nullptr || !field::validGrid(*grid)) return field::kInvalidGrid;
   if (values == nullptr || capacity < uint64_t(grid->columns) * grid->rows) return field::kBufferTooSmall;
   try {
     field::rmsPressure(drives, *grid, values);

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "DeviceRegistry.h"
+#include "common/Refusals.h"
 #include "Velarion/DeviceInfo.h"
 #include "Velarion/LoggingExternalInterface.h"
 #include "Velarion/Transform.h"
@@ -73,6 +74,13 @@ struct EmitterBase {
   void note(Velarion::LogLevel level, std::string message, const char* area = nullptr) {
     pendingLog.push_back(LogLine{level, area, std::move(message)});
   }
+  // Notes the warning of a refusal of `kind`, throttled (common/Refusals.h).
+  void noteRefusal(const std::string& kind, const std::string& message) {
+    if (auto line = refusalLine(this, kind, message)) note(Velarion::LogLevel::Warning, std::move(*line));
+  }
+  // A single-device emitter that could not claim its device when it was
+  // made: it claims the device as soon as it is free and connected.
+  bool wantsDevice = false;
   // Writes the noted lines; called without `mutex` held.
   void flushLog();
   // From a thread holding `lock` on `mutex`: writes the noted lines with the
@@ -192,13 +200,51 @@ struct EmitterDevices : EmitterBase {
     registryRevision = revision;
     for (auto& d : devices) {
       const auto entry = registry.find(d->identifier);
-      const bool present = entry && entry->device.connected && entry->claimant == this;
+      bool present = entry && entry->device.connected && entry->claimant == this;
+      // Replugged or added again after its claim was dropped: the emitter
+      // takes its device back as soon as nobody else holds it.
+      if (!present && entry && entry->device.connected && entry->claimant == nullptr) {
+        present = registry.claim(d->identifier, this);
+      }
       if (d->present && !present) {
         dropped(*d);
-        note(Velarion::LogLevel::Warning, "Device " + d->identifier + " was lost by its " + kind.name);
+        note(Velarion::LogLevel::Warning, "Device " + d->identifier + " was lost by its " + kind.name + ": " +
+                                              (!entry                   ? "it was removed"
+                                               : !entry->device.connected ? "it was disconnected"
+                                                                          : "another owner holds it now"));
+      } else if (!d->present && present) {
+        // The configuration may have changed while it was away.
+        d->arrayWidth = entry->device.arrayWidth;
+        d->arrayDepth = entry->device.arrayDepth;
+        adopted(*d, *entry);
+        note(Velarion::LogLevel::Info, "Device " + d->identifier + " is back for its " + kind.name);
       }
       d->present = present;
     }
+    if (wantsDevice && devices.empty()) {
+      const std::string identifier = requested.empty() ? registry.firstAvailable() : requested;
+      if (!identifier.empty() && registry.unavailableReason(identifier, this).empty()) {
+        wantsDevice = !acquire(identifier, requestedTransform, /*quiet=*/true);
+      }
+    }
+  }
+
+  // Under `mutex`, after connected() answered false: why, for a refusal.
+  std::string notConnectedReason() const {
+    DeviceRegistry& registry = DeviceRegistry::instance();
+    if (devices.empty()) {
+      if (!wantsDevice) return "the " + std::string(kind.name) + " holds no device";
+      const std::string name = requested.empty() ? std::string("a free device") : "device " + requested;
+      const std::string reason =
+          requested.empty() ? std::string("none is free") : registry.unavailableReason(requested, this);
+      return "the " + std::string(kind.name) + " holds no device (it waits for " + name + ": " + reason + ")";
+    }
+    for (const auto& d : devices) {
+      if (d->present) continue;
+      const std::string reason = registry.unavailableReason(d->identifier, this);
+      return "device " + d->identifier + " is not available: " + (reason.empty() ? "it was lost" : reason);
+    }
+    return std::string();
   }
 
   // Under `mutex`: holds at least one device and every one is present.
@@ -211,12 +257,16 @@ struct EmitterDevices : EmitterBase {
     return true;
   }
 
-  // Under `mutex`: claims and adds the device; notes why it could not.
-  bool acquire(const std::string& identifier, const Velarion::Transform& transform) {
+  // Under `mutex`: claims and adds the device; notes why it could not
+  // (unless `quiet`: a retry whose first failure was noted).
+  bool acquire(const std::string& identifier, const Velarion::Transform& transform, bool quiet = false) {
     DeviceRegistry& registry = DeviceRegistry::instance();
     if (identifier.empty() || !registry.claim(identifier, this)) {
-      note(Velarion::LogLevel::Warning, "Device " + (identifier.empty() ? std::string("(none free)") : identifier) +
-                                            " is not available to " + kind.article + " " + kind.name);
+      if (!quiet) {
+        noteRefusal("claim", "Device " + (identifier.empty() ? std::string("(none free)") : identifier) +
+                                 " is not available to " + kind.article + " " + kind.name + ": " +
+                                 registry.unavailableReason(identifier, this));
+      }
       return false;
     }
     const auto entry = registry.find(identifier);
@@ -266,7 +316,7 @@ struct EmitterDevices : EmitterBase {
     std::lock_guard<std::mutex> lock(mutex);
     requested = identifier != nullptr ? identifier : "";
     requestedTransform = transform;
-    acquire(identifier != nullptr ? identifier : DeviceRegistry::instance().firstAvailable(), transform);
+    wantsDevice = !acquire(identifier != nullptr ? identifier : DeviceRegistry::instance().firstAvailable(), transform);
   }
 
   // Drops held devices that were lost; in single-device mode without a device
@@ -291,12 +341,23 @@ struct EmitterDevices : EmitterBase {
   }
 
   bool add(const char* identifier, const Velarion::Transform& transform) {
-    if (identifier == nullptr) return false;
     FlushLog flush{this};
     std::lock_guard<std::mutex> lock(mutex);
-    if (find(identifier) != nullptr) return false;
-    if (mode == Velarion::DeviceSelectionMode::SingleDevice && !devices.empty()) return false;
+    if (identifier == nullptr) {
+      noteRefusal("add", "Device not added to " + std::string(kind.article) + " " + kind.name + ": no identifier given");
+      return false;
+    }
+    if (find(identifier) != nullptr) {
+      noteRefusal("add", "Device " + std::string(identifier) + " not added: the " + kind.name + " holds it already");
+      return false;
+    }
+    if (mode == Velarion::DeviceSelectionMode::SingleDevice && !devices.empty()) {
+      noteRefusal("add", "Device " + std::string(identifier) + " not added: the " + kind.name +
+                             " is in single-device mode and holds " + devices.front()->identifier);
+      return false;
+    }
     if (!acquire(identifier, transform)) return false;
+    wantsDevice = false;
     devicesChanged();
     return true;
   }
@@ -308,9 +369,12 @@ struct EmitterDevices : EmitterBase {
       if (identifier != nullptr && (*it)->identifier == identifier) {
         release(**it);
         devices.erase(it);
+        wantsDevice = false;
         return true;
       }
     }
+    noteRefusal("remove", "Device " + std::string(identifier != nullptr ? identifier : "(null)") +
+                              " not removed: the " + kind.name + " does not hold it");
     return false;
   }
 
@@ -328,11 +392,30 @@ struct EmitterDevices : EmitterBase {
   // False for an unknown mode, or single-device mode while holding several.
   bool setSelectionMode(Velarion::DeviceSelectionMode newMode) {
     using Velarion::DeviceSelectionMode;
-    if (newMode != DeviceSelectionMode::SingleDevice && newMode != DeviceSelectionMode::MultipleDevices) return false;
+    FlushLog flush{this};
     std::lock_guard<std::mutex> lock(mutex);
-    if (newMode == DeviceSelectionMode::SingleDevice && devices.size() > 1) return false;
+    if (newMode != DeviceSelectionMode::SingleDevice && newMode != DeviceSelectionMode::MultipleDevices) {
+      noteRefusal("selection", "Device selection mode " + std::to_string(static_cast<int>(newMode)) +
+                                   " refused: valid are 0 (single device) and 1 (multiple devices)");
+      return false;
+    }
+    if (newMode == DeviceSelectionMode::SingleDevice && devices.size() > 1) {
+      noteRefusal("selection", "Single-device mode refused: the " + std::string(kind.name) + " holds " +
+                                   std::to_string(devices.size()) + " devices");
+      return false;
+    }
     mode = newMode;
     return true;
+  }
+
+  // Under `mutex`: notes why a transform cannot be set; null when it can.
+  Device* transformTarget(const char* identifier) {
+    Device* device = find(identifier);
+    if (device == nullptr) {
+      noteRefusal("transform", "Device transform refused: the " + std::string(kind.name) + " does not hold device " +
+                                   (identifier != nullptr ? identifier : "(null)"));
+    }
+    return device;
   }
 
   // Identity for a device not held.

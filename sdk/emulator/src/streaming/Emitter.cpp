@@ -18,6 +18,7 @@ using VelarionEmulator::Journal::record;
 using VelarionEmulator::internal::answerExtendedOption;
 using VelarionEmulator::internal::extendedOptionQuery;
 using VelarionEmulator::internal::FlushLog;
+using VelarionEmulator::internal::LockedLogging;
 using VelarionEmulator::internal::quoted;
 namespace am = VelarionEmulator::internal::am;
 namespace streaming = VelarionEmulator::internal::streaming;
@@ -154,8 +155,8 @@ bool Emitter::setDeviceTransform(const char* identifier, Transform transform) {
   journal("setDeviceTransform(" + quoted(identifier) + ")");
   EmitterImplementation* e = implementation_;
   if (e == nullptr) return false;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  HeldDevice* device = e->find(identifier);
+  LockedLogging locked(*e);
+  HeldDevice* device = e->transformTarget(identifier);
   if (device == nullptr) return false;
   device->transform = transform;
   return true;
@@ -200,13 +201,19 @@ bool Emitter::start() {
   if (e->onEmissionThread()) {
     // A run asked to stop cannot be followed by another from its own
     // thread: the two would call the callback side by side.
-    if (e->emitting && e->stopping(e->runs)) return false;
+    if (e->emitting && e->stopping(e->runs)) {
+      e->noteRefusal("start", "Start refused: called from the emission thread of a run that is stopping");
+      return false;
+    }
   } else {
     // A run that is stopping, or still writing its last log lines, ends
     // first, so that runs never overlap and their lines keep their order.
     e->threadEnded.wait(locked.lock(), [e] { return (e->emitting && !e->stopping(e->runs)) || e->liveThreads == 0; });
   }
-  if (!e->connected()) return false;
+  if (!e->connected()) {
+    e->noteRefusal("start", "Start refused: " + e->notConnectedReason());
+    return false;
+  }
   e->startThread();
   return true;
 }
@@ -216,8 +223,11 @@ bool Emitter::stop() {
   EmitterImplementation* e = implementation_;
   if (e == nullptr) return false;
   {
-    std::lock_guard<std::mutex> lock(e->mutex);
-    if (e->devices.empty()) return false;
+    LockedLogging locked(*e);
+    if (e->devices.empty()) {
+      e->noteRefusal("stop", "Stop refused: " + e->notConnectedReason());
+      return false;
+    }
   }
   e->stopThread();
   e->flushLog();
@@ -238,6 +248,12 @@ bool Emitter::reset() {
   e->intervalNanoseconds = EmitterImplementation::kDefaultIntervalNanoseconds;
   e->leadNanoseconds = EmitterImplementation::kDefaultLeadNanoseconds;
   for (unsigned int j = 0; j < e->persistent.size(); ++j) e->persistent[j] = ControlPointPersistent(j);
+  if (e->devices.empty()) {
+    // Settings are reset all the same; only the answer says the devices were not.
+    if (auto line = VelarionEmulator::internal::refusalLine(e, "reset", "Reset refused: " + e->notConnectedReason())) {
+      e->note(LogLevel::Warning, *line);
+    }
+  }
   return !e->devices.empty();
 }
 
@@ -247,9 +263,13 @@ unsigned int Emitter::setMaximumControlPointCount(unsigned int count) {
   journal("setMaximumControlPointCount(" + std::to_string(count) + ")");
   EmitterImplementation* e = implementation_;
   if (e == nullptr) return 0;
-  std::lock_guard<std::mutex> lock(e->mutex);
+  LockedLogging locked(*e);
   const unsigned int limit = EmitterImplementation::kControlPointLimit;
   e->maximumControlPointCount = count < limit ? count : limit;
+  if (count > limit) {
+    e->noteRefusal("points", "Maximum control point count " + std::to_string(count) + " is above the limit of " +
+                                 std::to_string(limit) + "; it is now " + std::to_string(limit));
+  }
   return e->maximumControlPointCount;
 }
 
@@ -271,10 +291,18 @@ unsigned int Emitter::setSampleRate(unsigned int rate) {
   journal("setSampleRate(" + std::to_string(rate) + ")");
   EmitterImplementation* e = implementation_;
   if (e == nullptr) return 0;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  if (rate != 0) {
-    e->sampleRate = rate < EmitterImplementation::kSampleRateLimit ? rate : EmitterImplementation::kSampleRateLimit;
+  LockedLogging locked(*e);
+  const unsigned int limit = EmitterImplementation::kSampleRateLimit;
+  if (rate == 0) {
+    e->noteRefusal("rate", "Sample rate 0 Hz refused; valid: 1 to " + std::to_string(limit) + " Hz; it stays at " +
+                               std::to_string(e->sampleRate) + " Hz");
+  } else {
+    e->sampleRate = rate < limit ? rate : limit;
     e->samplingInterval = HostDuration(0, 1.0 / e->sampleRate);
+    if (rate > limit) {
+      e->noteRefusal("rate", "Sample rate " + std::to_string(rate) + " Hz is above the limit of " +
+                                 std::to_string(limit) + " Hz; it is now " + std::to_string(limit) + " Hz");
+    }
   }
   return e->sampleRate;
 }
@@ -313,31 +341,57 @@ float Emitter::interactionSpaceDepth() const {
 bool Emitter::setExtendedOption(const char* name, const char* value) {
   journal("setExtendedOption(" + quoted(name) + ", " + quoted(value) + ")");
   EmitterImplementation* e = implementation_;
-  if (e == nullptr || name == nullptr || value == nullptr) return false;
+  if (e == nullptr) return false;
+  LockedLogging locked(*e);
+  if (name == nullptr || value == nullptr) {
+    e->noteRefusal("option", std::string("Extended option refused: ") + (name == nullptr ? "null name" : "null value"));
+    return false;
+  }
   const std::string option(name);
+  const auto refuse = [&](long minimum, long maximum) {
+    e->noteRefusal("option:" + option, "Extended option \"" + option + "\" refused value \"" + value +
+                                           "\"; valid: whole microseconds from " + std::to_string(minimum) + " to " +
+                                           std::to_string(maximum));
+    return false;
+  };
   if (option == "outputIntervalMicroseconds") {
     const auto parsed = microseconds(value, kMinimumIntervalMicroseconds, kMaximumIntervalMicroseconds);
-    if (!parsed) return false;
-    std::lock_guard<std::mutex> lock(e->mutex);
+    if (!parsed) return refuse(kMinimumIntervalMicroseconds, kMaximumIntervalMicroseconds);
     e->intervalNanoseconds = *parsed * 1000;
     return true;
   }
   if (option == "leadTimeMicroseconds") {
     const auto parsed = microseconds(value, 0, kMaximumLeadMicroseconds);
-    if (!parsed) return false;
-    std::lock_guard<std::mutex> lock(e->mutex);
+    if (!parsed) return refuse(0, kMaximumLeadMicroseconds);
     e->leadNanoseconds = *parsed * 1000;
     return true;
   }
-  return false;  // unknown, or read-only
+  e->noteRefusal("option:" + option,
+                 option == "carrierFrequency" || option == "missedDeadlines"
+                     ? "Extended option \"" + option + "\" is read-only"
+                     : "Extended option \"" + option +
+                           "\" is unknown; settable: outputIntervalMicroseconds, leadTimeMicroseconds");
+  return false;
 }
 
 size_t Emitter::getExtendedOption(const char* name, char* buffer, size_t size) const {
   journal(extendedOptionQuery(name, buffer, size));
   const EmitterImplementation* e = implementation_;
-  if (e == nullptr || name == nullptr) return 0;
-  std::lock_guard<std::mutex> lock(e->mutex);
-  return answerExtendedOption(optionValue(*e, name), buffer, size);
+  if (e == nullptr) return 0;
+  if (name == nullptr) {
+    VelarionEmulator::internal::logRefusal(kEmitterKind.area, e, "option", "Extended option query refused: null name");
+    return 0;
+  }
+  std::optional<std::string> value;
+  {
+    std::lock_guard<std::mutex> lock(e->mutex);
+    value = optionValue(*e, name);
+  }
+  if (!value) {
+    VelarionEmulator::internal::logRefusal(kEmitterKind.area, e, std::string("option:") + name,
+                                           "Extended option \"" + std::string(name) + "\" is unknown");
+  }
+  return answerExtendedOption(value, buffer, size);
 }
 
 DeviceInfo Emitter::getDeviceInfo() const {

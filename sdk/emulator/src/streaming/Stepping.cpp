@@ -141,6 +141,7 @@ VELARION_API void* VelarionEmulator_Streaming_newEmitter(void) {
   EmitterImplementation& state = EmitterAccess::of(*emitter);
   std::lock_guard<std::mutex> lock(state.mutex);
   state.releaseDevices();
+  state.wantsDevice = false;
   return emitter;
 }
 
