@@ -302,6 +302,39 @@ namespace Velarion.Tests
             }
 
             [Fact]
+            public void WhatTheHandFeelsPeaksAlongTheCircle()
+            {
+                using var emitter = Emitters.Streaming();
+                using var player = new SensationPlayer(emitter);
+                var centre = new Vector3(0.01f, 0, 0.15f);
+                player.Placement = Matrix4x4.CreateTranslation(centre);
+                player.Play(new CircleSensation(0.02, 100));
+                Assert.True(player.Start());
+                WaitFor(() => EmulatedEmission.Statistics(emitter).Intervals > 10);
+
+                // Averaged over the newest turn (10 ms), on the circle's plane.
+                var plane = FieldPlane.Horizontal(0.15f, width: 0.08f, depth: 0.08f, centreX: centre.X);
+                PressureMap felt = EmulatedField.Map(emitter, plane, TimeSpan.FromMilliseconds(10), 41, 41, frames: 32);
+                Assert.True(player.Stop());
+
+                float At(Vector3 p)
+                {
+                    int row = (int)Math.Round((p.Y - plane.Bottom) / felt.RowSpacing);
+                    int column = (int)Math.Round((p.X - plane.Left) / felt.ColumnSpacing);
+                    return felt[row, column];
+                }
+                Vector3 peak = felt.PeakPosition - centre;
+                Assert.InRange(new Vector2(peak.X, peak.Y).Length(), 0.016f, 0.024f);
+                var ring = Enumerable.Range(0, 16)
+                    .Select(i => At(centre + 0.02f * new Vector3(MathF.Cos(i * MathF.PI / 8), MathF.Sin(i * MathF.PI / 8), 0)))
+                    .ToList();
+                // All round the ring, not in one place; and far above the centre and the outside.
+                Assert.True(ring.Min() > 0.6f * ring.Max(), $"ring from {ring.Min():0} to {ring.Max():0} Pa");
+                Assert.True(At(centre) < 0.5f * ring.Min(), $"centre {At(centre):0} Pa, ring at least {ring.Min():0} Pa");
+                Assert.True(At(centre + new Vector3(0.038f, 0, 0)) < 0.5f * ring.Min());
+            }
+
+            [Fact]
             public void ThePlayerMayOutliveItsEmitter()
             {
                 var emitter = Emitters.Streaming();
