@@ -3,7 +3,7 @@
 # same run: the native emission bridge (Google Benchmark) and the managed
 # boundary (BenchmarkDotNet). Results land in build/default/bench-results.
 #
-#   bash scripts/bench.sh           short runs (about five minutes)
+#   bash scripts/bench.sh           short runs (about ten minutes)
 #   BENCH_QUICK=1 bash scripts/bench.sh   one pass of each, to see that they run
 set -euo pipefail
 cd "$(dirname "$0")/.."

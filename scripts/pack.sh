@@ -84,14 +84,15 @@ done < <(find managed -name '*.csproj' -not -path '*/bin/*' -not -path '*/obj/*'
 
 # Each package: its assembly with XML documentation for every target
 # framework, and exactly its native libraries (the binding never carries a
-# device library; the emulator package is one).
+# device library; the emulator package is one; the sensations carry none).
 version=$(dotnet msbuild managed/VelarionSharp/VelarionSharp.csproj -nologo -getProperty:Version)
 check() {
   local id=$1 package=$feed/$1.$version.nupkg natives entries
   shift
   entries=$(unzip -Z1 "$package")
-  natives=$(grep '^runtimes/' <<<"$entries" | LC_ALL=C sort | tr '\n' ' ')
-  if [ "$natives" != "$* " ]; then
+  natives=$( (grep '^runtimes/' <<<"$entries" || true) | LC_ALL=C sort | tr '\n' ' ')
+  local expected=${*:+$* }
+  if [ "$natives" != "$expected" ]; then
     echo "pack: $id has native files: $natives(expected: $*)" >&2; exit 1
   fi
   local assemblies
@@ -102,6 +103,7 @@ check() {
 }
 check VelarionSharp runtimes/linux-x64/native/libVelarionCSharp.so runtimes/win-x64/native/VelarionCSharp.dll
 check VelarionSharp.Emulator runtimes/linux-x64/native/libVelarion.so runtimes/win-x64/native/Velarion.dll
+check VelarionSharp.Sensations
 
 # The emulator package brings the sample hardware configurations as content
 # files, which land in a consuming app's output folder under samples/hardware/.

@@ -111,6 +111,8 @@ namespace Velarion.Tests
             {
                 Guide.Program.Run(Path.Combine(Root(), "samples", "hardware"), pictures);
                 Assert.True(new FileInfo(Path.Combine(pictures, "guide-field.png")).Length > 10_000);
+                Assert.True(new FileInfo(Path.Combine(pictures, "guide-palm-path.png")).Length > 10_000);
+                Assert.True(new FileInfo(Path.Combine(pictures, "guide-palm-field.png")).Length > 10_000);
                 using var library = new VelarionLibrary();
                 Assert.Equal(2, library.DeviceCount);  // the built-in arrays are back
             }

@@ -7,6 +7,7 @@ using System.Xml.Linq;
 using Velarion.Emulation;
 using Velarion.Emulation.Plotting;
 using Velarion.Extensions.Logging;
+using Velarion.Sensations;
 using Xunit;
 
 namespace Velarion.Tests
@@ -19,7 +20,7 @@ namespace Velarion.Tests
         private static readonly Assembly[] Shipped =
         {
             typeof(NVector3).Assembly, typeof(EmulatedField).Assembly, typeof(FieldPlots).Assembly,
-            typeof(VelarionLoggingExtensions).Assembly,
+            typeof(VelarionLoggingExtensions).Assembly, typeof(SensationPlayer).Assembly,
         };
 
         private static IEnumerable<Type> Types => Shipped.SelectMany(a => a.GetExportedTypes());

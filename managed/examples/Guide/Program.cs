@@ -22,6 +22,7 @@ namespace Velarion.Guide
             Devices.List();
             FocalPoint.Play();
             Circle.Stream();
+            Palm.Circle(pictures);
             Logs.ToDelegate();
             Logs.ToILogger();
             Configuration.Load(sampleConfigurations);
