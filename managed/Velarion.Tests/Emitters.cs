@@ -7,10 +7,6 @@ namespace Velarion.Tests
         internal const string A16 = "VLA16-2A1F0031";
 
         // A streaming emitter on an emulated array, placed at the origin of its space.
-        internal static TimePointStreamingEmitter Streaming(string identifier = A16)
-        {
-            using var placement = new Transform();
-            return new TimePointStreamingEmitter(identifier, placement);
-        }
+        internal static TimePointStreamingEmitter Streaming(string identifier = A16) => new TimePointStreamingEmitter(identifier);
     }
 }

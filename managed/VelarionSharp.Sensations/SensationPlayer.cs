@@ -63,7 +63,7 @@ namespace Velarion.Sensations
         /// volume the emitter reports (<see cref="WorkingVolume.Of"/>).
         /// </summary>
         /// <param name="emitter">The emitter to stream through; the player installs its callback at once. Not owned: dispose it after the player.</param>
-        /// <param name="controlPointCount">Sensations at once, 1 to the emitter's <see cref="TimePointStreamingEmitter.MaximumControlPointLimit"/>.</param>
+        /// <param name="controlPointCount">Sensations at once, 1 to the emitter's <see cref="Emitter.MaximumControlPointLimit"/>.</param>
         /// <exception cref="ArgumentNullException"><paramref name="emitter"/> is null</exception>
         /// <exception cref="ArgumentException">the emitter reports no interaction space (no device): use the other constructor</exception>
         /// <exception cref="ArgumentOutOfRangeException">the emitter cannot stream that many control points</exception>
@@ -86,7 +86,8 @@ namespace Velarion.Sensations
         public SensationPlayer(TimePointStreamingEmitter emitter, int controlPointCount, WorkingVolume workingVolume)
         {
             this.emitter = emitter ?? throw new ArgumentNullException(nameof(emitter));
-            if (controlPointCount < 1 || emitter.SetMaximumControlPointCount(controlPointCount) != controlPointCount)
+            if (controlPointCount < 1 || controlPointCount > emitter.MaximumControlPointLimit
+                || emitter.SetMaximumControlPointCount(controlPointCount) != controlPointCount)
             {
                 throw new ArgumentOutOfRangeException(nameof(controlPointCount), controlPointCount,
                     $"from 1 to the {emitter.MaximumControlPointLimit} control points the emitter can stream");
@@ -100,10 +101,14 @@ namespace Velarion.Sensations
             voices = new Voice[controlPointCount];
             snapshot = new Snapshot(new Request[controlPointCount], Matrix4x4.Identity, 0, 0);
             callback = new PlayerCallback(this);
-            if (!emitter.SetEmissionCallback(callback))
+            try
+            {
+                emitter.SetEmissionCallback(callback);
+            }
+            catch (InvalidOperationException e)
             {
                 callback.Dispose();
-                throw new InvalidOperationException("the emitter refused the player's emission callback");
+                throw new InvalidOperationException("the emitter refused the player's emission callback", e);
             }
         }
 
@@ -279,14 +284,14 @@ namespace Velarion.Sensations
         }
 
         /// <summary>Starts the emitter streaming; the player then renders every interval.</summary>
-        /// <returns>The emitter's answer: false when it has no device or already streams.</returns>
+        /// <returns>The emitter's answer: false when the device library refused (no device, or not connected); true also when it already streams.</returns>
         /// <exception cref="ObjectDisposedException">the player was disposed</exception>
         public bool Start()
         {
             lock (gate)
             {
                 ThrowIfDisposed();
-                bool ok = emitter.Start();
+                bool ok = emitter.TryStart();
                 started |= ok;
                 return ok;
             }
@@ -297,7 +302,7 @@ namespace Velarion.Sensations
         /// by the longest fade plus a second), then stops the emitter if
         /// <see cref="Start"/> started it.
         /// </summary>
-        /// <returns>The emitter's answer to stopping; false when the player had not started it.</returns>
+        /// <returns>true when it stopped the emitter; false when the player had not started it.</returns>
         /// <exception cref="InvalidOperationException">called on the emission thread of an emitter the player started, which it would wait for</exception>
         public bool Stop()
         {
@@ -311,7 +316,8 @@ namespace Velarion.Sensations
                 }
                 started = false;
                 WaitForSilence(TimeSpan.FromSeconds(LongestStopFade() + 1.0));
-                return emitter.Stop();
+                emitter.Stop();
+                return true;
             }
         }
 

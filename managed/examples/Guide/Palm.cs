@@ -16,8 +16,7 @@ namespace Velarion.Guide
         // The one place the guide's sensations make their emitter.
         private static TimePointStreamingEmitter StreamingEmitter(VelarionLibrary library)
         {
-            using var placement = new Transform();
-            return new TimePointStreamingEmitter(library.DeviceIdentifiers[0], placement);
+            return new TimePointStreamingEmitter(library.DeviceIdentifiers[0]);  // the array's own space
         }
 
         public static void Circle(string folder)
