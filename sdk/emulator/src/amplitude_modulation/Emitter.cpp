@@ -13,7 +13,6 @@
 #include "common/ExtendedOption.h"
 
 using VelarionEmulator::Journal::record;
-using VelarionEmulator::internal::answerExtendedOption;
 using VelarionEmulator::internal::DeviceRecord;
 using VelarionEmulator::internal::extendedOptionQuery;
 using VelarionEmulator::internal::FlushLog;
@@ -411,22 +410,8 @@ bool Emitter::setExtendedOption(const char* name, const char* value) {
 
 size_t Emitter::getExtendedOption(const char* name, char* buffer, size_t size) const {
   journal(extendedOptionQuery(name, buffer, size));
-  const EmitterImplementation* e = implementation_;
-  if (e == nullptr) return 0;
-  if (name == nullptr) {
-    VelarionEmulator::internal::logRefusal(kEmitterKind.area, e, "option", "Extended option query refused: null name");
-    return 0;
-  }
-  std::optional<std::string> value;
-  {
-    std::lock_guard<std::mutex> lock(e->mutex);
-    value = optionValue(*e, name);
-  }
-  if (!value) {
-    VelarionEmulator::internal::logRefusal(kEmitterKind.area, e, std::string("option:") + name,
-                                           "Extended option \"" + std::string(name) + "\" is unknown");
-  }
-  return answerExtendedOption(value, buffer, size);
+  return VelarionEmulator::internal::queryExtendedOption(implementation_, kEmitterKind.area, name, buffer, size,
+                                                         optionValue);
 }
 
 DeviceInfo Emitter::getDeviceInfo() const {
