@@ -15,6 +15,7 @@ namespace Velarion.Tests
     {
         public static int Main(string[] args)
         {
+            if (args.Length == 1 && args[0] == MissingDeviceLibraryTests.Argument) return MissingDeviceLibraryTests.ReportFirstCalls();
             LeakMode.SwitchOn();
             var tests = typeof(Program).Assembly.GetTypes()
                 .Where(t => t.IsClass && (t.IsPublic || t.IsNestedPublic) && !t.IsAbstract)
