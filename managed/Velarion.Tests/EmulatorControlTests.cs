@@ -73,6 +73,33 @@ namespace Velarion.Tests
             Assert.Equal(new[] { "VLA16-2A1F0031", "VLC10-5B330107" }, library.DeviceIdentifiers);
         }
 
+        // Native code would read each text only up to the NUL: the device
+        // before it, or the configuration's first part.
+        [Fact]
+        public void TextsWithANulAreRefusedBeforeTheEmulatorSeesThem()
+        {
+            string cut = A16 + "\0-ELSEWHERE";
+            var refusals = new (string Parameter, Action Call)[]
+            {
+                ("identifier", () => Control.AddGrid("GRID-2X2\0", 2, 2, 0.01f)),
+                ("configuration", () => Control.AddFromConfiguration(
+                    Control.BuiltInConfiguration.Replace("VLA16-2A1F0031", "COPY-A").Replace("VLC10-5B330107", "COPY-C\0"))),
+                ("identifier", () => Control.Remove(cut)),
+                ("identifier", () => Control.Disconnect(cut)),
+                ("identifier", () => Control.Connect(cut)),
+                ("identifier", () => Control.Hold(cut)),
+                ("identifier", () => Control.ReleaseHeld(cut)),
+                ("deviceIdentifier", () => EmulatedAmplitudeModulation.GetDrive(cut)),
+            };
+            foreach (var (parameter, call) in refusals)
+            {
+                Assert.Contains("NUL", Assert.Throws<ArgumentException>(parameter, call).Message);
+            }
+            Assert.Equal(new[] { A16, "VLC10-5B330107" }, library.DeviceIdentifiers);
+            Assert.True(library.IsDeviceConnected(A16));
+            Assert.False(library.IsDeviceClaimed(A16));
+        }
+
         [Fact]
         public void TheJournalListsTheCallsInOrder()
         {
