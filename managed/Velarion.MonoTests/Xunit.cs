@@ -4,15 +4,42 @@ using System.Collections.Generic;
 using System.Linq;
 using System.Threading;
 
-// The few xunit attributes and asserts the Mono subset uses, with xunit's
+// The few xunit attributes, types and asserts the Mono subset uses, with xunit's
 // meaning: Equal compares sequences element by element, Throws wants the
 // exact exception type.
 namespace Xunit
 {
     [AttributeUsage(AttributeTargets.Method)]
-    public sealed class FactAttribute : Attribute
+    public class FactAttribute : Attribute
     {
         public string Skip { get; set; }
+    }
+
+    [AttributeUsage(AttributeTargets.Method)]
+    public sealed class TheoryAttribute : FactAttribute { }
+
+    // The rows of a theory: a public static property of the test's class.
+    [AttributeUsage(AttributeTargets.Method)]
+    public sealed class MemberDataAttribute : Attribute
+    {
+        public MemberDataAttribute(string memberName) => MemberName = memberName;
+        public string MemberName { get; }
+    }
+
+    public class TheoryData<T> : IEnumerable<object[]>
+    {
+        private readonly List<T> rows;
+
+        public TheoryData(IEnumerable<T> values) => rows = values.ToList();
+
+        public IEnumerator<object[]> GetEnumerator() => rows.Select(row => new object[] { row }).GetEnumerator();
+
+        IEnumerator IEnumerable.GetEnumerator() => GetEnumerator();
+    }
+
+    public interface ITestOutputHelper
+    {
+        void WriteLine(string message);
     }
 
     [AttributeUsage(AttributeTargets.Class)]
@@ -63,6 +90,19 @@ namespace Xunit
             if (condition) throw new AssertException(message ?? "expected false");
         }
 
+        public static void Fail(string message) => throw new AssertException(message);
+
+        public static void NotEmpty(IEnumerable collection)
+        {
+            if (!collection.Cast<object>().Any()) throw new AssertException("Assert.NotEmpty: the collection is empty");
+        }
+
+        public static T IsType<T>(object value)
+        {
+            if (value == null || value.GetType() != typeof(T)) throw Fail("Assert.IsType", typeof(T), value?.GetType());
+            return (T)value;
+        }
+
         public static void Null(object value)
         {
             if (value != null) throw Fail("Assert.Null", null, value);
@@ -93,6 +133,28 @@ namespace Xunit
         {
             if (expected != actual) throw Fail("Assert.Equal", expected, actual);
         }
+
+        public static void NotEqual<T>(T expected, T actual)
+        {
+            if (EqualityComparer<T>.Default.Equals(expected, actual)) throw Fail("Assert.NotEqual", $"not {Show(expected)}", actual);
+        }
+
+        public static void Equal(float expected, float actual, float tolerance)
+        {
+            if (!(Math.Abs(expected - actual) <= tolerance)) throw Fail($"Assert.Equal within {tolerance}", expected, actual);
+        }
+
+        public static void Equal(double expected, double actual, double tolerance)
+        {
+            if (!(Math.Abs(expected - actual) <= tolerance)) throw Fail($"Assert.Equal within {tolerance}", expected, actual);
+        }
+
+        public static void Equal<T>(IEnumerable<T> expected, IEnumerable<T> actual, IEqualityComparer<T> comparer)
+        {
+            if (!expected.SequenceEqual(actual, comparer)) throw Fail("Assert.Equal", expected, actual);
+        }
+
+        public static void Equal(float expected, float actual, int precision) => Equal((double)expected, actual, precision);
 
         public static void Equal(double expected, double actual, int precision)
         {
@@ -146,6 +208,13 @@ namespace Xunit
             return matches[0];
         }
 
+        public static T Single<T>(IEnumerable<T> collection)
+        {
+            var items = collection.ToList();
+            if (items.Count != 1) throw Fail("Assert.Single: items", 1, items.Count);
+            return items[0];
+        }
+
         public static void InRange<T>(T actual, T low, T high) where T : IComparable<T>
         {
             if (actual.CompareTo(low) < 0 || actual.CompareTo(high) > 0) throw Fail("Assert.InRange", $"{low} to {high}", actual);
@@ -183,11 +252,17 @@ namespace System.Threading.Tasks
 {
     internal static class TaskWaiting
     {
-        // Task.WaitAsync of .NET 6, as LifetimeTests uses it.
+        // Task.WaitAsync of .NET 6, as the lifetime tests use it.
         public static async Task<T> WaitAsync<T>(this Task<T> task, TimeSpan timeout, CancellationToken cancellation)
         {
-            if (await Task.WhenAny(task, Task.Delay(timeout, cancellation)).ConfigureAwait(false) != task) throw new TimeoutException();
+            await ((Task)task).WaitAsync(timeout, cancellation).ConfigureAwait(false);
             return await task.ConfigureAwait(false);
+        }
+
+        public static async Task WaitAsync(this Task task, TimeSpan timeout, CancellationToken cancellation)
+        {
+            if (await Task.WhenAny(task, Task.Delay(timeout, cancellation)).ConfigureAwait(false) != task) throw new TimeoutException();
+            await task.ConfigureAwait(false);
         }
     }
 }

@@ -73,6 +73,33 @@ namespace Velarion.Tests
             Assert.Equal(new[] { "VLA16-2A1F0031", "VLC10-5B330107" }, library.DeviceIdentifiers);
         }
 
+        // Native code would read each text only up to the NUL: the device
+        // before it, or the configuration's first part.
+        [Fact]
+        public void TextsWithANulAreRefusedBeforeTheEmulatorSeesThem()
+        {
+            string cut = A16 + "\0-ELSEWHERE";
+            var refusals = new (string Parameter, Action Call)[]
+            {
+                ("identifier", () => Control.AddGrid("GRID-2X2\0", 2, 2, 0.01f)),
+                ("configuration", () => Control.AddFromConfiguration(
+                    Control.BuiltInConfiguration.Replace("VLA16-2A1F0031", "COPY-A").Replace("VLC10-5B330107", "COPY-C\0"))),
+                ("identifier", () => Control.Remove(cut)),
+                ("identifier", () => Control.Disconnect(cut)),
+                ("identifier", () => Control.Connect(cut)),
+                ("identifier", () => Control.Hold(cut)),
+                ("identifier", () => Control.ReleaseHeld(cut)),
+                ("deviceIdentifier", () => EmulatedAmplitudeModulation.GetDrive(cut)),
+            };
+            foreach (var (parameter, call) in refusals)
+            {
+                Assert.Contains("NUL", Assert.Throws<ArgumentException>(parameter, call).Message);
+            }
+            Assert.Equal(new[] { A16, "VLC10-5B330107" }, library.DeviceIdentifiers);
+            Assert.True(library.IsDeviceConnected(A16));
+            Assert.False(library.IsDeviceClaimed(A16));
+        }
+
         [Fact]
         public void TheJournalListsTheCallsInOrder()
         {
@@ -133,28 +160,12 @@ namespace Velarion.Tests
         }
 
         // A streaming emitter's time-averaged map: one fixed focal point maps
-        // like the same point under amplitude modulation, and plots.
+        // like the same point under amplitude modulation.
         [Fact]
-        public void AStreamingEmittersFieldIsMappedAndPlotted()
+        public void AStreamingEmittersFieldIsMapped()
         {
             var plane = FieldPlane.Horizontal(0.15f, 0.08f, 0.08f);
-            PressureMap streamed;
-            using (var emitter = new TimePointStreamingEmitter(A16))
-            using (var callback = new FixedPointCallback(new Vector3(0f, 0f, 0.15f)))
-            {
-                var none = Assert.Throws<InvalidOperationException>(() => EmulatedField.Map(emitter, plane, TimeSpan.FromMilliseconds(2), 9, 9));
-                Assert.Contains("has emitted nothing to map yet", none.Message);
-                emitter.SetEmissionCallback(callback);
-                emitter.Start();
-                callback.WaitForCalls(3);
-                emitter.Stop();
-                emitter.SetEmissionCallback(null);
-                streamed = EmulatedField.Map(emitter, plane, TimeSpan.FromMilliseconds(2), 9, 9, frames: 4);
-
-                Assert.True(emitter.TryRemoveDevice(A16));
-                var gone = Assert.Throws<InvalidOperationException>(() => EmulatedField.Map(emitter, plane, TimeSpan.FromMilliseconds(2)));
-                Assert.Equal("the time-point streaming emitter holds no device, so it makes no field to map", gone.Message);
-            }
+            PressureMap streamed = StreamedMap(plane, checkRefusals: true);
             Assert.Equal(FieldMoment.TimeAverage, streamed.Moment);
             Assert.Equal(TimeSpan.FromMilliseconds(2), streamed.Window);
             Assert.Equal(A16, Assert.Single(streamed.Devices).Identifier);
@@ -169,7 +180,12 @@ namespace Velarion.Tests
                 Assert.True(emitter.TryRemoveDevice(A16));
                 Assert.Throws<InvalidOperationException>(() => EmulatedField.Map(emitter, plane, 9, 9));
             }
+        }
 
+        [Fact]
+        public void AStreamingEmittersMapPlots()
+        {
+            PressureMap streamed = StreamedMap(FieldPlane.Horizontal(0.15f, 0.08f, 0.08f), checkRefusals: false);
             string file = Path.Combine(Path.GetTempPath(), $"velarion-streamed-{Guid.NewGuid():N}.png");
             try
             {
@@ -181,6 +197,31 @@ namespace Velarion.Tests
             {
                 File.Delete(file);
             }
+        }
+
+        // One fixed focal point streamed for a few intervals, mapped over 2 ms.
+        private static PressureMap StreamedMap(FieldPlane plane, bool checkRefusals)
+        {
+            using var emitter = new TimePointStreamingEmitter(A16);
+            using var callback = new FixedPointCallback(new Vector3(0f, 0f, 0.15f));
+            if (checkRefusals)
+            {
+                var none = Assert.Throws<InvalidOperationException>(() => EmulatedField.Map(emitter, plane, TimeSpan.FromMilliseconds(2), 9, 9));
+                Assert.Contains("has emitted nothing to map yet", none.Message);
+            }
+            emitter.SetEmissionCallback(callback);
+            emitter.Start();
+            callback.WaitForCalls(3);
+            emitter.Stop();
+            emitter.SetEmissionCallback(null);
+            PressureMap streamed = EmulatedField.Map(emitter, plane, TimeSpan.FromMilliseconds(2), 9, 9, frames: 4);
+            if (checkRefusals)
+            {
+                Assert.True(emitter.TryRemoveDevice(A16));
+                var gone = Assert.Throws<InvalidOperationException>(() => EmulatedField.Map(emitter, plane, TimeSpan.FromMilliseconds(2)));
+                Assert.Equal("the time-point streaming emitter holds no device, so it makes no field to map", gone.Message);
+            }
+            return streamed;
         }
     }
 }

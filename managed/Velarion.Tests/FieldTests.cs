@@ -125,7 +125,7 @@ namespace Velarion.Tests
         [Fact]
         public void BothPicturesAreWrittenAsPng()
         {
-            string folder = Path.Combine(Path.GetTempPath(), $"velarion-field-{Environment.ProcessId}");
+            string folder = Path.Combine(Path.GetTempPath(), $"velarion-field-{Guid.NewGuid():N}");
             Directory.CreateDirectory(folder);
             try
             {

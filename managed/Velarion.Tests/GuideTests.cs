@@ -16,6 +16,10 @@ namespace Velarion.Tests
     [Collection("Emulated devices")]
     public class GuideTests
     {
+        // The guide opens the emulated arrays: it starts, as the collection's
+        // other tests do, once an emitter a test dropped has let go of them.
+        public GuideTests() => EmulatedDevices.WaitUntilFree();
+
         private static string Root([CallerFilePath] string here = "") =>
             Path.GetFullPath(Path.Combine(Path.GetDirectoryName(here), "..", ".."));
 

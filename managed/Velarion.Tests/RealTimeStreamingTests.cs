@@ -49,25 +49,27 @@ namespace Velarion.Tests
 
             protected override void OnEmission(EmissionInterval interval)
             {
-                var times = interval.TimePoints;
-                if (times.Length == 0) return;
+                int count = interval.TimePointCount;
+                if (count == 0) return;
+                // GetTimePoint, not the span's indexer: this runs under Mono too.
+                long first = interval.GetTimePoint(0).Nanoseconds;
                 // Each interval starts one sampling interval after the last one ended.
-                if (previousLast >= 0 && Math.Abs(times[0].Nanoseconds - previousLast - 25_000) > 1) ++Gaps;
-                previousLast = times[times.Length - 1].Nanoseconds;
-                for (int k = 0; k < times.Length; ++k)
+                if (previousLast >= 0 && Math.Abs(first - previousLast - 25_000) > 1) ++Gaps;
+                previousLast = interval.GetTimePoint(count - 1).Nanoseconds;
+                for (int k = 0; k < count; ++k)
                 {
                     foreach (ref var record in interval.Row(k))
                     {
-                        record.Position = CircleAt(times[k].Nanoseconds);
+                        record.Position = CircleAt(interval.GetTimePoint(k).Nanoseconds);
                         record.Intensity = 1f;
                         record.Enabled = true;
                         record.Modified = true;
                     }
                 }
-                LastFirstTime = times[0].Nanoseconds;
+                LastFirstTime = first;
                 LastTime = previousLast;
-                LastCount = times.Length;
-                TimePoints += times.Length;
+                LastCount = count;
+                TimePoints += count;
                 Volatile.Write(ref Calls, Calls + 1);
             }
         }

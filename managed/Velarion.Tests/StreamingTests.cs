@@ -30,10 +30,23 @@ namespace Velarion.Tests
         {
             using var stepped = new SteppedStreaming();
             var seen = new List<(int Count, int Points, int Stride, long[] Times)>();
+            var refusals = new List<int>();
             using var callback = new DelegateEmissionCallback(interval =>
             {
+                // Through GetTimePoint, which Mono can call: it cannot index the span.
                 var times = new long[interval.TimePointCount];
-                for (int k = 0; k < times.Length; ++k) times[k] = interval.TimePoints[k].Nanoseconds;
+                for (int k = 0; k < times.Length; ++k) times[k] = interval.GetTimePoint(k).Nanoseconds;
+                foreach (int outside in new[] { -1, times.Length })
+                {
+                    try
+                    {
+                        interval.GetTimePoint(outside);
+                    }
+                    catch (ArgumentOutOfRangeException e) when (e.ParamName == "index")
+                    {
+                        refusals.Add(outside);
+                    }
+                }
                 seen.Add((interval.TimePointCount, interval.ControlPointCount, interval.Stride, times));
                 for (int k = 0; k < interval.TimePointCount; ++k)
                 {
@@ -57,6 +70,7 @@ namespace Velarion.Tests
             var (count, points, stride, times) = Assert.Single(seen);
             Assert.Equal((4, 3, 3), (count, points, stride));
             Assert.Equal(new[] { First, First + Spacing, First + 2 * Spacing, First + 3 * Spacing }, times);
+            Assert.Equal(new[] { -1, 4 }, refusals);
             for (uint k = 0; k < 4; ++k)
             {
                 for (uint j = 0; j < 3; ++j)

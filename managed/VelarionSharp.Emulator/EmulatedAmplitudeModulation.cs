@@ -1,6 +1,7 @@
 using System;
 using System.Numerics;
 using System.Runtime.InteropServices;
+using Velarion.Interop;
 
 namespace Velarion.Emulation
 {
@@ -39,9 +40,10 @@ namespace Velarion.Emulation
         /// <param name="deviceIdentifier">The device.</param>
         /// <returns>A copy of the current frame, one entry per element, in the device's element order.</returns>
         /// <exception cref="ArgumentNullException"><paramref name="deviceIdentifier"/> is null.</exception>
+        /// <exception cref="ArgumentException"><paramref name="deviceIdentifier"/> contains '\0'.</exception>
         public static TransducerDrive[] GetDrive(string deviceIdentifier)
         {
-            if (deviceIdentifier == null) throw new ArgumentNullException(nameof(deviceIdentifier));
+            Arguments.Text(deviceIdentifier, nameof(deviceIdentifier));
             // The frame may change size between the two calls; what was written counts.
             var drive = new TransducerDrive[VelarionEmulator_AmplitudeModulation_drive(deviceIdentifier, null, 0, IntPtr.Zero)];
             uint count = VelarionEmulator_AmplitudeModulation_drive(deviceIdentifier, drive, (uint)drive.Length, IntPtr.Zero);

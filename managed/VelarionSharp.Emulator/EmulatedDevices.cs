@@ -2,6 +2,7 @@ using System;
 using System.Collections.Generic;
 using System.Runtime.InteropServices;
 using System.Text;
+using Velarion.Interop;
 
 namespace Velarion.Emulation
 {
@@ -38,11 +39,11 @@ namespace Velarion.Emulation
         /// <param name="rows">Elements along y.</param>
         /// <param name="pitch">Distance between neighbouring elements, metres (0.001 to 1).</param>
         /// <exception cref="ArgumentNullException"><paramref name="identifier"/> is null.</exception>
-        /// <exception cref="ArgumentException">The identifier is empty or has control characters, or the grid is empty, larger than 65,536 elements, or wider or deeper than 10 m.</exception>
+        /// <exception cref="ArgumentException">The identifier is empty or has control characters ('\0' among them), or the grid is empty, larger than 65,536 elements, or wider or deeper than 10 m.</exception>
         /// <exception cref="InvalidOperationException">A device with this identifier is already present.</exception>
         public static void AddGrid(string identifier, int columns, int rows, float pitch)
         {
-            if (identifier == null) throw new ArgumentNullException(nameof(identifier));
+            Valid(identifier);
             if (columns < 1) throw new ArgumentOutOfRangeException(nameof(columns), columns, "a grid has at least one column");
             if (rows < 1) throw new ArgumentOutOfRangeException(nameof(rows), rows, "a grid has at least one row");
             Check(NativeControl.VelarionEmulator_Devices_addGrid(identifier, (uint)columns, (uint)rows, pitch), nameof(identifier));
@@ -56,11 +57,11 @@ namespace Velarion.Emulation
         /// <param name="configuration">The text of a configuration file.</param>
         /// <returns>The identifiers of the devices added, in the text's order.</returns>
         /// <exception cref="ArgumentNullException"><paramref name="configuration"/> is null.</exception>
-        /// <exception cref="ArgumentException">The text is not a valid configuration; the message names the line and why.</exception>
+        /// <exception cref="ArgumentException">The text contains '\0', or is not a valid configuration; the message names the line and why.</exception>
         /// <exception cref="InvalidOperationException">One of its identifiers is already present; nothing was added.</exception>
         public static IReadOnlyList<string> AddFromConfiguration(string configuration)
         {
-            if (configuration == null) throw new ArgumentNullException(nameof(configuration));
+            Arguments.Text(configuration, nameof(configuration));
             var before = new HashSet<string>(Identifiers());
             Check(NativeControl.VelarionEmulator_Devices_addConfiguration(configuration), nameof(configuration));
             var added = new List<string>();
@@ -78,9 +79,10 @@ namespace Velarion.Emulation
         /// </summary>
         /// <param name="identifier">The device to remove.</param>
         /// <exception cref="ArgumentNullException"><paramref name="identifier"/> is null.</exception>
+        /// <exception cref="ArgumentException"><paramref name="identifier"/> contains '\0'.</exception>
         /// <exception cref="InvalidOperationException">There is no such device.</exception>
         public static void Remove(string identifier) =>
-            Check(NativeControl.VelarionEmulator_Devices_remove(NotNull(identifier)), nameof(identifier));
+            Check(NativeControl.VelarionEmulator_Devices_remove(Valid(identifier)), nameof(identifier));
 
         /// <summary>
         /// Simulates unplugging a device: it reads as disconnected, a streaming
@@ -90,9 +92,10 @@ namespace Velarion.Emulation
         /// </summary>
         /// <param name="identifier">The device to unplug.</param>
         /// <exception cref="ArgumentNullException"><paramref name="identifier"/> is null.</exception>
+        /// <exception cref="ArgumentException"><paramref name="identifier"/> contains '\0'.</exception>
         /// <exception cref="InvalidOperationException">There is no such device.</exception>
         public static void Disconnect(string identifier) =>
-            Check(NativeControl.VelarionEmulator_Devices_setConnected(NotNull(identifier), 0), nameof(identifier));
+            Check(NativeControl.VelarionEmulator_Devices_setConnected(Valid(identifier), 0), nameof(identifier));
 
         /// <summary>
         /// Simulates plugging a device back in: it reads as connected, its
@@ -101,9 +104,10 @@ namespace Velarion.Emulation
         /// </summary>
         /// <param name="identifier">The device to replug.</param>
         /// <exception cref="ArgumentNullException"><paramref name="identifier"/> is null.</exception>
+        /// <exception cref="ArgumentException"><paramref name="identifier"/> contains '\0'.</exception>
         /// <exception cref="InvalidOperationException">There is no such device.</exception>
         public static void Connect(string identifier) =>
-            Check(NativeControl.VelarionEmulator_Devices_setConnected(NotNull(identifier), 1), nameof(identifier));
+            Check(NativeControl.VelarionEmulator_Devices_setConnected(Valid(identifier), 1), nameof(identifier));
 
         /// <summary>
         /// Holds a device as an emitter of another application would: it reads
@@ -111,16 +115,18 @@ namespace Velarion.Emulation
         /// </summary>
         /// <param name="identifier">The device to hold.</param>
         /// <exception cref="ArgumentNullException"><paramref name="identifier"/> is null.</exception>
+        /// <exception cref="ArgumentException"><paramref name="identifier"/> contains '\0'.</exception>
         /// <exception cref="InvalidOperationException">The device is unknown, disconnected or held already; the message says which.</exception>
         public static void Hold(string identifier) =>
-            Check(NativeControl.VelarionEmulator_Devices_hold(NotNull(identifier)), nameof(identifier));
+            Check(NativeControl.VelarionEmulator_Devices_hold(Valid(identifier)), nameof(identifier));
 
         /// <summary>Lets go of a device held by <see cref="Hold"/>; an emitter waiting for it takes it.</summary>
         /// <param name="identifier">The device to release.</param>
         /// <exception cref="ArgumentNullException"><paramref name="identifier"/> is null.</exception>
+        /// <exception cref="ArgumentException"><paramref name="identifier"/> contains '\0'.</exception>
         /// <exception cref="InvalidOperationException">The device is not held that way.</exception>
         public static void ReleaseHeld(string identifier) =>
-            Check(NativeControl.VelarionEmulator_Devices_releaseHeld(NotNull(identifier)), nameof(identifier));
+            Check(NativeControl.VelarionEmulator_Devices_releaseHeld(Valid(identifier)), nameof(identifier));
 
         /// <summary>The text of the built-in hardware configuration: a template for configuration files.</summary>
         public static string BuiltInConfiguration =>
@@ -154,7 +160,8 @@ namespace Velarion.Emulation
         private static IReadOnlyList<string> Identifiers() =>
             NativeControl.ReadStrings((buffer, capacity) => NativeControl.VelarionEmulator_Devices_identifiers(buffer, capacity));
 
-        private static string NotNull(string identifier) => identifier ?? throw new ArgumentNullException(nameof(identifier));
+        // A NUL would cut the identifier short on the native side: another device's name.
+        private static string Valid(string identifier) => Arguments.Text(identifier, nameof(identifier));
 
         private static void Check(int result, string parameter)
         {

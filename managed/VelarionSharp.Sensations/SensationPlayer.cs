@@ -438,10 +438,10 @@ namespace Velarion.Sensations
             placementVersion = current.PlacementVersion;
             float transition = (float)current.TransitionSpeed;
 
-            ReadOnlySpan<HostTime> times = interval.TimePoints;
-            for (int k = 0; k < times.Length; ++k)
+            // GetTimePoint rather than the span's indexer, which Mono cannot call.
+            for (int k = 0; k < interval.TimePointCount; ++k)
             {
-                long time = Nanoseconds(times[k]);
+                long time = Nanoseconds(interval.GetTimePoint(k));
                 Span<EmissionControlPointRecord> row = interval.Row(k);
                 for (int j = 0; j < count; ++j)
                 {

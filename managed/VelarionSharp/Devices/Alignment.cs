@@ -13,12 +13,19 @@ namespace Velarion
         private readonly Raw.Alignment native;
 
         /// <summary>The identity alignment: tracking space is device space.</summary>
-        public Alignment() => native = new Raw.Alignment();
+        /// <exception cref="DllNotFoundException">The device library cannot be loaded.</exception>
+        public Alignment()
+        {
+            NativeLibraries.EnsureLoadable();
+            native = new Raw.Alignment();
+        }
 
         /// <summary>The alignment whose device-to-tracking transform is <paramref name="deviceToTracking"/>.</summary>
         /// <param name="deviceToTracking">A rigid transform (rotation basis), rounded to float.</param>
+        /// <exception cref="DllNotFoundException">The device library cannot be loaded.</exception>
         public Alignment(Transform deviceToTracking)
         {
+            NativeLibraries.EnsureLoadable();
             Matrix3x3 r = deviceToTracking.Basis;
             NVector3 t = deviceToTracking.Origin;
             native = new Raw.Alignment((float)r.M00, (float)r.M01, (float)r.M02, (float)r.M10, (float)r.M11, (float)r.M12,

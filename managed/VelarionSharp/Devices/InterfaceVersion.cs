@@ -5,33 +5,51 @@ namespace Velarion
     /// the interop library, so it reports what the native side was built
     /// with). <see cref="VersionInfo"/> tells what is actually loaded.
     /// </summary>
+    /// <remarks>Each value is read from native code: without the device library, the first read throws.</remarks>
     public static class InterfaceVersion
     {
         /// <summary>The short version, "2.6.4-ST".</summary>
-        public static string Version => Raw.velarion.VL_SDK_VERSION;
+        /// <exception cref="System.DllNotFoundException">The device library cannot be loaded.</exception>
+        public static string Version => Read(() => Raw.velarion.VL_SDK_VERSION);
 
         /// <summary>The long version: <see cref="Version"/>, a hyphen and <see cref="PlatformName"/>.</summary>
-        public static string LongVersion => Raw.velarion.VL_SDK_VERSION_LONG;
+        /// <exception cref="System.DllNotFoundException">The device library cannot be loaded.</exception>
+        public static string LongVersion => Read(() => Raw.velarion.VL_SDK_VERSION_LONG);
 
         /// <summary>The interface's build date.</summary>
-        public static string BuildDate => Raw.velarion.VL_SDK_BUILD_DATE;
+        /// <exception cref="System.DllNotFoundException">The device library cannot be loaded.</exception>
+        public static string BuildDate => Read(() => Raw.velarion.VL_SDK_BUILD_DATE);
 
         /// <summary>The platform the interface was published for.</summary>
-        public static string PlatformName => Raw.velarion.VL_SDK_PLATFORM_NAME;
+        /// <exception cref="System.DllNotFoundException">The device library cannot be loaded.</exception>
+        public static string PlatformName => Read(() => Raw.velarion.VL_SDK_PLATFORM_NAME);
 
         /// <summary>The interface's variant.</summary>
-        public static string Variant => Raw.velarion.VL_SDK_VARIANT;
+        /// <exception cref="System.DllNotFoundException">The device library cannot be loaded.</exception>
+        public static string Variant => Read(() => Raw.velarion.VL_SDK_VARIANT);
 
         /// <summary>The major version.</summary>
-        public static int Major => Raw.velarion.VL_SDK_VERSION_MAJOR;
+        /// <exception cref="System.DllNotFoundException">The device library cannot be loaded.</exception>
+        public static int Major => Read(() => Raw.velarion.VL_SDK_VERSION_MAJOR);
 
         /// <summary>The minor version.</summary>
-        public static int Minor => Raw.velarion.VL_SDK_VERSION_MINOR;
+        /// <exception cref="System.DllNotFoundException">The device library cannot be loaded.</exception>
+        public static int Minor => Read(() => Raw.velarion.VL_SDK_VERSION_MINOR);
 
         /// <summary>The patch version.</summary>
-        public static int Patch => Raw.velarion.VL_SDK_VERSION_PATCH;
+        /// <exception cref="System.DllNotFoundException">The device library cannot be loaded.</exception>
+        public static int Patch => Read(() => Raw.velarion.VL_SDK_VERSION_PATCH);
 
         /// <summary>The three numbers packed as major × 65536 + minor × 256 + patch.</summary>
-        public static int Packed => Raw.velarion.VL_SDK_VERSION_INT;
+        /// <exception cref="System.DllNotFoundException">The device library cannot be loaded.</exception>
+        public static int Packed => Read(() => Raw.velarion.VL_SDK_VERSION_INT);
+
+        // The constants come from native code: a missing library is reported
+        // before the raw layer's type initializer would fail for good.
+        private static T Read<T>(System.Func<T> read)
+        {
+            NativeLibraries.EnsureLoadable();
+            return read();
+        }
     }
 }

@@ -16,6 +16,17 @@ namespace Velarion
         private static readonly object gate = new object();
         private static bool loaded;
 
+        // Before an import whose first call may be the process's first: .NET
+        // reports a missing library through the resolver below, netstandard2.1
+        // (Mono, Unity) through this check, which costs a flag read once loaded.
+        [MethodImpl(MethodImplOptions.AggressiveInlining)]
+        internal static void Enter()
+        {
+#if !NET5_0_OR_GREATER
+            if (!loaded) EnsureLoadable();
+#endif
+        }
+
         internal static void EnsureLoadable()
         {
             if (loaded) return;

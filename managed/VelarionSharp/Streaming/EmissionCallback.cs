@@ -26,7 +26,22 @@ namespace Velarion
         public HostTime CallbackTime { get; }
 
         /// <summary>The sample times of this interval, in order.</summary>
+        /// <remarks>
+        /// Some Mono runtimes (Debian's Mono 6.8, for one) cannot index a
+        /// <see cref="ReadOnlySpan{T}"/> from <c>netstandard2.1</c> code and throw
+        /// <see cref="MissingMethodException"/>; code that may run there reads
+        /// the times with <see cref="GetTimePoint"/> instead.
+        /// </remarks>
         public ReadOnlySpan<HostTime> TimePoints { get; }
+
+        /// <summary>The sample time of time point <paramref name="index"/>: <c>TimePoints[index]</c>, on every runtime.</summary>
+        /// <param name="index">From 0 to <see cref="TimePointCount"/> − 1.</param>
+        /// <returns>The host time at which that row is emitted.</returns>
+        /// <exception cref="ArgumentOutOfRangeException"><paramref name="index"/> lies outside the interval.</exception>
+        public HostTime GetTimePoint(int index) =>
+            // Through a plain reference: the span's indexer returns a read-only
+            // one, whose signature those runtimes do not resolve.
+            MemoryMarshal.GetReference(TimePoints.Slice(CheckedTimePoint(index, nameof(index)), 1));
 
         /// <summary>The number of time points (rows).</summary>
         public int TimePointCount => TimePoints.Length;
@@ -65,10 +80,10 @@ namespace Velarion
             }
         }
 
-        private int CheckedTimePoint(int timePoint) =>
+        private int CheckedTimePoint(int timePoint, string parameter = "timePoint") =>
             (uint)timePoint < (uint)TimePointCount
                 ? timePoint
-                : throw new ArgumentOutOfRangeException(nameof(timePoint), timePoint, $"must be from 0 to {TimePointCount - 1}");
+                : throw new ArgumentOutOfRangeException(parameter, timePoint, $"must be from 0 to {TimePointCount - 1}");
     }
 
     /// <summary>

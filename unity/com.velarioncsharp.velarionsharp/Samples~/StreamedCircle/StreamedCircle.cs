@@ -30,7 +30,8 @@ public sealed class StreamedCircle : MonoBehaviour
             double turns = TurnsPerSecond;
             for (int k = 0; k < interval.TimePointCount; ++k)
             {
-                double seconds = interval.TimePoints[k].Nanoseconds / 1e9;
+                // Not TimePoints[k]: Unity's Mono may not index a ReadOnlySpan.
+                double seconds = interval.GetTimePoint(k).Nanoseconds / 1e9;
                 double angle = 2 * Math.PI * (turns * seconds % 1.0);
                 ref var point = ref interval[k, 0];
                 point.Position = new System.Numerics.Vector3(x + r * (float)Math.Cos(angle), y + r * (float)Math.Sin(angle), z);
