@@ -113,14 +113,14 @@ if [ "$packed_samples" != "$samples" ]; then
   echo "pack: VelarionSharp.Emulator has content files: $packed_samples (expected: $samples)" >&2; exit 1
 fi
 
-# Unity: com.velarioncsharp.velarionsharp and .emulator (unity/ holds their
-# templates and the tool; the emulator's control assembly joins its package
-# when VelarionSharp.Emulator has a netstandard2.1 build).
+# Unity: com.velarioncsharp.velarionsharp, .emulator and .sensations (unity/
+# holds their templates and the tool that makes and checks them).
 dotnet build unity/UnityPackages/UnityPackages.csproj -c Release --nologo -v:quiet --artifacts-path "$root/build/unity-tool" >/dev/null
 unity_tool=$root/build/unity-tool/bin/UnityPackages/release/UnityPackages
 "$unity_tool" pack unity "$feed" "$runtimes" "$version" "$feed"
-"$unity_tool" check "$feed"/com.velarioncsharp.*.tgz
-packed=$((packed + 2))
+tarballs=("$feed"/com.velarioncsharp.*.tgz)
+"$unity_tool" check "${tarballs[@]}"
+packed=$((packed + ${#tarballs[@]}))
 
 echo "pack: $packed packages in $feed:"
 ls -1 "$feed"

@@ -3,7 +3,7 @@
 # outside the repository, adds both packages from the local feed and runs the
 # quick start (managed/examples/QuickStart/Program.cs) on Linux and, published
 # self-contained for win-x64, under Wine; the sample hardware configurations
-# must land in the app's output folder. A net8.0 app runs on all four packages
+# must land in the app's output folder. A net8.0 app runs on every package
 # (managed/examples/Net8Consumer/Program.cs). VELARION_PROOF_LINUX_ONLY=1
 # skips the Wine runs.
 #
@@ -76,6 +76,7 @@ cat > "$work/Net8Consumer/Net8Consumer.csproj" <<PROJECT
     <PackageReference Include="VelarionSharp.Emulator" Version="$version" />
     <PackageReference Include="VelarionSharp.Emulator.Plotting" Version="$version" />
     <PackageReference Include="VelarionSharp.Extensions.Logging" Version="$version" />
+    <PackageReference Include="VelarionSharp.Sensations" Version="$version" />
   </ItemGroup>
 </Project>
 PROJECT

@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Runs the Mono tests (managed_test_mono) against what the Unity packages
-# carry: the binding's netstandard2.1 assembly and the Linux plugins of both
-# tarballs, unpacked as Unity would unpack them. A script reload, the device
-# tests and the IL2CPP rules, under Mono, from the packaged files.
+# carry: the netstandard2.1 assemblies and the Linux plugins of the tarballs,
+# unpacked as Unity would unpack them. A script reload, the device tests and
+# the IL2CPP rules, under Mono, from the packaged files; then a circle played
+# by the packaged sensations on the packaged emulator (unity/Tests/PackagedCircle).
 #
 # Needs the packages (scripts/pack.sh) and the Mono tests' build
 # (cmake --build build/default --target managed_test_mono).
@@ -19,14 +20,28 @@ version=$(dotnet msbuild managed/VelarionSharp/VelarionSharp.csproj -nologo -get
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 mkdir "$work/run"
-for package in com.velarioncsharp.velarionsharp com.velarioncsharp.velarionsharp.emulator; do
+packages=(com.velarioncsharp.velarionsharp com.velarioncsharp.velarionsharp.emulator com.velarioncsharp.velarionsharp.sensations)
+for package in "${packages[@]}"; do
   mkdir "$work/$package"
   tar -xzf "$feed/$package-$version.tgz" -C "$work/$package"
 done
-# The test program and its other dependencies, then the packaged binding in place of the built one.
-find "$tests" -maxdepth 1 -type f -name '*.dll' ! -name 'VelarionSharp.dll' -exec cp {} "$work/run/" \;
-cp "$work/com.velarioncsharp.velarionsharp/package/Runtime/VelarionSharp.dll" \
-   "$work/com.velarioncsharp.velarionsharp/package/Runtime/Plugins/x86_64/libVelarionCSharp.so" \
-   "$work/com.velarioncsharp.velarionsharp.emulator/package/Runtime/Plugins/x86_64/libVelarion.so" "$work/run/"
+# The test program and its other dependencies, then the packaged assemblies and plugins in place of the built ones.
+shopt -s nullglob  # the sensations carry no plugins
+packaged=()
+for package in "${packages[@]}"; do
+  packaged+=("$work/$package"/package/Runtime/*.dll "$work/$package"/package/Runtime/Plugins/x86_64/*.so)
+done
+exclude=()
+for file in "${packaged[@]}"; do exclude+=(! -name "$(basename "$file")"); done
+find "$tests" -maxdepth 1 -type f -name '*.dll' "${exclude[@]}" -exec cp {} "$work/run/" \;
+cp "${packaged[@]}" "$work/run/"
+
+# The circle program, compiled against the packaged assemblies alone.
+dotnet build "$root/unity/Tests/PackagedCircle/PackagedCircle.csproj" -c Release --nologo -v:quiet \
+  --artifacts-path "$root/build/unity-proof" -p:PackagedAssemblies="$work/run" >"$work/build.log" 2>&1 \
+  || { cat "$work/build.log"; echo "unity-proof: the circle program did not build" >&2; exit 1; }
+cp "$root/build/unity-proof/bin/PackagedCircle/release/PackagedCircle.dll" "$work/run/"
+
 cd "$work/run"
 timeout 300 mono --debug Velarion.MonoTests.dll ScriptReloadTests. DeviceTests. Il2CppRulesTests.
+timeout 60 mono --debug PackagedCircle.dll

@@ -79,7 +79,7 @@ namespace Velarion.Emulation.Plotting
             plot.Axes.SetLimits(plane.Left * 1000.0 - halfColumn - margin, plane.Right * 1000.0 + halfColumn + margin,
                                 plane.Bottom * 1000.0 - halfRow - margin, plane.Top * 1000.0 + halfRow + margin);
             plot.Axes.SquareUnits();
-            plot.ShowLegend(ScottPlot.Alignment.UpperRight);
+            plot.ShowLegend(Edge.Bottom);  // below the axes: a legend inside would hide part of the map
             return plot;
         }
 
@@ -144,7 +144,7 @@ namespace Velarion.Emulation.Plotting
             plot.XLabel("x (mm)");
             plot.YLabel("y (mm)");
             plot.Axes.SquareUnits();
-            plot.ShowLegend(ScottPlot.Alignment.UpperRight);
+            plot.ShowLegend(Edge.Bottom);
             return plot;
         }
 

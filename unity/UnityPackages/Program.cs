@@ -4,6 +4,8 @@ using System.Formats.Tar;
 using System.IO;
 using System.IO.Compression;
 using System.Linq;
+using System.Reflection.Metadata;
+using System.Reflection.PortableExecutable;
 using System.Security.Cryptography;
 using System.Text;
 using System.Text.Encodings.Web;
@@ -14,10 +16,10 @@ using System.Xml.Linq;
 
 namespace Velarion.UnityPackages
 {
-    // The two Unity packages: which NuGet package gives the netstandard2.1
+    // The Unity packages: which NuGet package gives each one's netstandard2.1
     // assembly and which staged native libraries (build/runtimes/<rid>/native)
-    // each one carries.
-    internal sealed record Definition(string Name, string Assembly, string[] Natives, bool AssemblyRequired, bool Preload);
+    // it carries.
+    internal sealed record Definition(string Name, string Assembly, string[] Natives, bool Preload);
 
     internal static class Program
     {
@@ -25,12 +27,15 @@ namespace Velarion.UnityPackages
         {
             new("com.velarioncsharp.velarionsharp", "VelarionSharp",
                 new[] { "win-x64/native/VelarionCSharp.dll", "linux-x64/native/libVelarionCSharp.so" },
-                AssemblyRequired: true, Preload: false),
+                Preload: false),
             // The device library loads at the editor's start, so that the interop
             // library (in another package's folder) finds it already loaded.
             new("com.velarioncsharp.velarionsharp.emulator", "VelarionSharp.Emulator",
                 new[] { "win-x64/native/Velarion.dll", "linux-x64/native/libVelarion.so" },
-                AssemblyRequired: false, Preload: true),
+                Preload: true),
+            // Managed only: patterns rendered on the binding's streaming emitter.
+            new("com.velarioncsharp.velarionsharp.sensations", "VelarionSharp.Sensations",
+                Array.Empty<string>(), Preload: false),
         };
 
         internal const string PluginFolder = "Runtime/Plugins/x86_64";
@@ -98,14 +103,10 @@ namespace Velarion.UnityPackages
                     var documentation = zip.GetEntry($"lib/netstandard2.1/{definition.Assembly}.xml");
                     if (assembly == null || documentation == null)
                     {
-                        if (definition.AssemblyRequired) throw new IOException($"{nupkg} has no netstandard2.1 {definition.Assembly}.dll with its XML documentation");
-                        Console.WriteLine($"unity: {Path.GetFileName(nupkg)} has no netstandard2.1 build: {definition.Name} carries no {definition.Assembly}.dll");
+                        throw new IOException($"{nupkg} has no netstandard2.1 {definition.Assembly}.dll with its XML documentation");
                     }
-                    else
-                    {
-                        files[$"Runtime/{definition.Assembly}.dll"] = Read(assembly);
-                        files[$"Runtime/{definition.Assembly}.xml"] = Read(documentation);
-                    }
+                    files[$"Runtime/{definition.Assembly}.dll"] = Read(assembly);
+                    files[$"Runtime/{definition.Assembly}.xml"] = Read(documentation);
                 }
                 foreach (string native in definition.Natives)
                 {
@@ -297,6 +298,7 @@ namespace Velarion.UnityPackages
                 }
 
                 CheckPlugins(definition, files, Problem);
+                CheckDependencies(definition, manifestText, files, Problem);
                 CheckLinker(definition, files, Problem);
             }
             return problems;
@@ -410,12 +412,39 @@ namespace Velarion.UnityPackages
                 }
             }
             string assembly = $"Runtime/{definition.Assembly}.dll";
-            if (definition.AssemblyRequired && !files.ContainsKey(assembly)) problem($"{assembly} is missing");
+            if (!files.ContainsKey(assembly)) problem($"{assembly} is missing");
             if (files.TryGetValue(assembly + ".meta", out string managed))
             {
                 if (!Platforms(managed).TryGetValue("Any: ", out var any) || !any.Enabled) problem($"{assembly} is not enabled on every platform");
                 if (!managed.Contains("\n  isExplicitlyReferenced: 0\n")) problem($"{assembly} is not referenced by default");
                 if (!files.ContainsKey($"Runtime/{definition.Assembly}.xml")) problem($"{assembly} has no XML documentation");
+            }
+        }
+
+        // Unity resolves an assembly's references only within the packages
+        // installed: each package whose assembly this one refers to must be a
+        // dependency, at this package's own version (the packer writes them so).
+        private static void CheckDependencies(Definition definition, string manifestText, Dictionary<string, string> files, Action<string> problem)
+        {
+            if (!files.TryGetValue($"Runtime/{definition.Assembly}.dll", out string image)) return;
+            var manifest = JsonNode.Parse(manifestText).AsObject();
+            string version = manifest["version"]?.ToString();
+            var dependencies = manifest["dependencies"] as JsonObject;
+            using var reader = new PEReader(new MemoryStream(Encoding.Latin1.GetBytes(image)));
+            if (!reader.HasMetadata)
+            {
+                problem($"Runtime/{definition.Assembly}.dll is not a .NET assembly");
+                return;
+            }
+            var metadata = reader.GetMetadataReader();
+            foreach (var handle in metadata.AssemblyReferences)
+            {
+                string referenced = metadata.GetString(metadata.GetAssemblyReference(handle).Name);
+                var provider = Program.Packages.FirstOrDefault(p => p.Assembly == referenced);
+                if (provider != null && dependencies?[provider.Name]?.ToString() != version)
+                {
+                    problem($"{definition.Assembly} refers to {referenced}, but package.json does not depend on {provider.Name} {version}");
+                }
             }
         }
 

@@ -34,15 +34,18 @@ namespace Velarion.Guide
             player.Play(new CircleSensation(radius: 0.02, drawFrequency: 100,
                                             envelope: IntensityEnvelope.Fade(fadeIn: 0.2, fadeOut: 0.1)));
             player.Start();
+            Thread.Sleep(250);  // faded in
+            // What the palm feels: the field on its plane, averaged over the last turn (10 ms).
+            var palm = FieldPlane.Horizontal(0.2f, width: 0.1f, depth: 0.1f);
+            PressureMap felt = EmulatedField.Map(emitter, palm, TimeSpan.FromMilliseconds(10), 60, 60, frames: 16);
+            FieldPlots.SavePressureMap(felt, Path.Combine(folder, "guide-palm-field.png"));
+
+            // The hand sways for a second; the circle follows it.
             for (var clock = Stopwatch.StartNew(); clock.Elapsed.TotalSeconds < 1;)
             {
                 player.Placement = Hand(clock.Elapsed.TotalSeconds);  // every frame, from any thread
                 Thread.Sleep(11);                                      // about 90 frames a second
             }
-            // What the palm feels: the field on its plane, averaged over the last turn (10 ms).
-            var palm = FieldPlane.Horizontal(0.2f, width: 0.1f, depth: 0.1f);
-            PressureMap felt = EmulatedField.Map(emitter, palm, TimeSpan.FromMilliseconds(10), 60, 60, frames: 16);
-            FieldPlots.SavePressureMap(felt, Path.Combine(folder, "guide-palm-field.png"));
 
             // Replace it: the focal point slides onto the line, it does not jump.
             player.Play(new LineSensation(new Vector3(-0.02f, 0, 0), new Vector3(0.02f, 0, 0)));

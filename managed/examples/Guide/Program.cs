@@ -11,7 +11,8 @@ namespace Velarion.Guide
         {
             CultureInfo.CurrentCulture = CultureInfo.InvariantCulture;
             string samples = args.Length > 0 ? args[0] : Path.Combine("samples", "hardware");
-            Run(samples, Directory.GetCurrentDirectory());
+            string pictures = args.Length > 1 ? Directory.CreateDirectory(args[1]).FullName : Directory.GetCurrentDirectory();
+            Run(samples, pictures);
             return 0;
         }
 
