@@ -4,7 +4,7 @@
 # quick start (managed/examples/QuickStart/Program.cs) on Linux and, published
 # self-contained for win-x64, under Wine; the sample hardware configurations
 # must land in the app's output folder. A net8.0 app runs on every package
-# (managed/examples/Net8Consumer/Program.cs). VELARION_PROOF_LINUX_ONLY=1
+# (managed/examples/Net8Consumer). VELARION_PROOF_LINUX_ONLY=1
 # skips the Wine runs.
 #
 # Needs the feed (scripts/pack.sh) and, for Wine, the windows build's prefix
@@ -80,7 +80,7 @@ cat > "$work/Net8Consumer/Net8Consumer.csproj" <<PROJECT
   </ItemGroup>
 </Project>
 PROJECT
-cp "$root/managed/examples/Net8Consumer/Program.cs" "$work/Net8Consumer/Program.cs"
+cp "$root"/managed/examples/Net8Consumer/*.cs "$work/Net8Consumer/"
 (cd "$work/Net8Consumer" && quiet dotnet build -c Release --nologo && dotnet run -c Release --no-build)
 ls "$work"/Net8Consumer/bin/Release/net8.0/VelarionSharp*.dll >/dev/null
 

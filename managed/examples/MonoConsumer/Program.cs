@@ -7,11 +7,11 @@ using SkiaSharp;
 using Velarion;
 using Velarion.Emulation;
 using Velarion.Emulation.Plotting;
+using static DeviceRoundTrip;
 
-// The Mono half of the net8.0 consumer, on the netstandard2.1 assemblies: a
-// virtual device added, streamed to, unplugged and plugged back in while a
-// watcher reports it, the emitter started again, and both kinds of field
-// mapped and written as PNG files into the folder named by the first argument.
+// The Mono half of the net8.0 consumer, on the netstandard2.1 assemblies: the
+// same virtual device that comes and goes (DeviceRoundTrip.cs), and both kinds
+// of field written as PNG files into the folder named by the first argument.
 // Ends with one line and exit code 0, or the first failure and exit code 1.
 const int Width = 900, Height = 760;
 var timeout = TimeSpan.FromSeconds(10);
@@ -23,56 +23,11 @@ try
     using var log = new DelegateLoggingCallback((message, level, area) => warnings.Add(message));
     library.Logging.SetCallback(DeviceLogLevel.Warning, log);
 
-    EmulatedDevices.AddGrid("MONO-ARRAY", 12, 12, 0.01f);
-    using var watcher = new DeviceWatcher(library, TimeSpan.FromMilliseconds(5));
-    var changes = new BlockingCollection<DeviceConnectionChangedEventArgs>();
-    watcher.ConnectionChanged += (_, change) => changes.Add(change);
-    watcher.Start();
-
-    using var emitter = new TimePointStreamingEmitter("MONO-ARRAY");
-    using var called = new SemaphoreSlim(0);
-    // Debian's Mono cannot index the interval's TimePoints (a ReadOnlySpan)
-    // from netstandard2.1 code: the records are reached through the indexer.
-    using var callback = new DelegateEmissionCallback(interval =>
-    {
-        for (int k = 0; k < interval.TimePointCount; ++k)
-        {
-            ref var point = ref interval[k, 0];
-            point.Position = new Vector3(0f, 0f, 0.12f);
-            point.Intensity = 1f;
-            point.Enabled = true;
-            point.Modified = true;
-        }
-        called.Release();
-    });
-    emitter.SetEmissionCallback(callback);
-    Require(emitter.TryStart(), "streaming starts");
-    Require(called.Wait(timeout), "the emission callback is called");
-
-    EmulatedDevices.Disconnect("MONO-ARRAY");
-    Require(changes.TryTake(out var unplugged, timeout) && !unplugged.IsConnected, "the watcher sees the unplug");
-    Require(!emitter.TryStart(), "an unplugged device does not start");
-    Require(TakeUntil(warnings, "Start refused: device MONO-ARRAY is not available: it is disconnected", timeout),
-            "the refusal is logged with its cause");
-    EmulatedDevices.Connect("MONO-ARRAY");
-    Require(changes.TryTake(out var replugged, timeout) && replugged.IsConnected, "the watcher sees the replug");
-    while (called.Wait(0)) { }
-    Require(emitter.TryStart(), "the same emitter starts again after the replug");
-    Require(called.Wait(timeout) && called.Wait(timeout), "streaming resumes");
-    emitter.Stop();
-
-    var plane = FieldPlane.Horizontal(0.12f, 0.06f, 0.06f);
-    PressureMap streamed = EmulatedField.Map(emitter, plane, TimeSpan.FromMilliseconds(2), 30, 30, frames: 4);
+    var (streamed, modulated) = DeviceRoundTrip.Run(library, warnings, "MONO-ARRAY", timeout);
     string streamedFile = Path.Combine(folder, "streamed.png");
     FieldPlots.SavePressureMap(streamed, streamedFile, Width, Height);
-    emitter.Dispose();  // releases the device at once
-    using var modulating = new AmplitudeModulationEmitter("MONO-ARRAY");
-    Require(modulating.TryUpdate(new[] { new AmplitudeModulationControlPoint(0f, 0f, 0.12f, 1f, 200f) }), "amplitude modulation starts");
-    PressureMap modulated = EmulatedField.Map(modulating, plane, 30, 30);
     string modulatedFile = Path.Combine(folder, "modulated.png");
     FieldPlots.SavePressureMap(modulated, modulatedFile, Width, Height);
-    modulating.Stop();
-    Require(Math.Abs(streamed.Peak - modulated.Peak) < 0.01f * modulated.Peak, "a fixed streamed point maps like amplitude modulation");
 
     Console.WriteLine($"Mono consumer on Mono {MonoVersion()}: unplugged, replugged and streamed again; " +
                       $"fields peak at {streamed.Peak:0} Pa (streamed) and {modulated.Peak:0} Pa (modulated), " +
@@ -83,20 +38,6 @@ catch (Exception e) when (!(e is OutOfMemoryException))
 {
     Console.Error.WriteLine($"Mono consumer: {e}");
     return 1;
-}
-
-static void Require(bool condition, string what)
-{
-    if (!condition) throw new InvalidOperationException($"failed: {what}");
-}
-
-static bool TakeUntil(BlockingCollection<string> lines, string start, TimeSpan timeout)
-{
-    while (lines.TryTake(out string line, timeout))
-    {
-        if (line.StartsWith(start, StringComparison.Ordinal)) return true;
-    }
-    return false;
 }
 
 // A real PNG of the size asked for, decoded by Skia, that shows a heat map: a

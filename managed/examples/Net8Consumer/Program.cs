@@ -10,13 +10,13 @@ using Velarion.Emulation;
 using Velarion.Emulation.Plotting;
 using Velarion.Extensions.Logging;
 using Velarion.Sensations;
+using static DeviceRoundTrip;
 using Matrix4x4 = System.Numerics.Matrix4x4;  // Velarion has one too
 
-// A net8.0 app on every package, as the package proof builds it: a virtual
-// device added, streamed to, unplugged and plugged back in while a watcher
-// reports it, the emitter started again, both kinds of field mapped and
-// plotted, a circle played by the sensation player, and the log routed into
-// an ILogger.
+// A net8.0 app on every package, as the package proof builds it: the log
+// routed into an ILogger, a virtual device that comes and goes
+// (DeviceRoundTrip.cs), both kinds of field plotted, and a circle played by
+// the sensation player.
 var timeout = TimeSpan.FromSeconds(10);
 var folder = Directory.CreateDirectory(Path.Combine(Path.GetTempPath(), $"velarion-net8-{Environment.ProcessId}")).FullName;
 try
@@ -25,54 +25,9 @@ try
     var warnings = new BlockingCollection<string>();
     using var route = library.RouteLogTo(new Collector(warnings));
 
-    EmulatedDevices.AddGrid("NET8-ARRAY", 12, 12, 0.01f);
-    using var watcher = new DeviceWatcher(library, TimeSpan.FromMilliseconds(5));
-    var changes = new BlockingCollection<DeviceConnectionChangedEventArgs>();
-    watcher.ConnectionChanged += (_, change) => changes.Add(change);
-    watcher.Start();
-
-    using var emitter = new TimePointStreamingEmitter("NET8-ARRAY");
-    using var called = new SemaphoreSlim(0);
-    using var callback = new DelegateEmissionCallback(interval =>
-    {
-        for (int k = 0; k < interval.TimePointCount; ++k)
-        {
-            ref var point = ref interval[k, 0];
-            point.Position = new Vector3(0f, 0f, 0.12f);
-            point.Intensity = 1f;
-            point.Enabled = true;
-            point.Modified = true;
-        }
-        called.Release();
-    });
-    emitter.SetEmissionCallback(callback);
-    Require(emitter.TryStart(), "streaming starts");
-    Require(called.Wait(timeout), "the emission callback is called");
-
-    EmulatedDevices.Disconnect("NET8-ARRAY");
-    Require(changes.TryTake(out var unplugged, timeout) && !unplugged.IsConnected, "the watcher sees the unplug");
-    Require(!emitter.TryStart(), "an unplugged device does not start");
-    Require(TakeUntil(warnings, "Start refused: device NET8-ARRAY is not available: it is disconnected", timeout),
-            "the refusal is logged with its cause");
-    EmulatedDevices.Connect("NET8-ARRAY");
-    Require(changes.TryTake(out var replugged, timeout) && replugged.IsConnected, "the watcher sees the replug");
-    while (called.Wait(0)) { }
-    Require(emitter.TryStart(), "the same emitter starts again after the replug");
-    Require(called.Wait(timeout) && called.Wait(timeout), "streaming resumes");
-    emitter.Stop();
-
-    var plane = FieldPlane.Horizontal(0.12f, 0.06f, 0.06f);
-    PressureMap streamed = EmulatedField.Map(emitter, plane, TimeSpan.FromMilliseconds(2), 30, 30, frames: 4);
+    var (streamed, modulated) = DeviceRoundTrip.Run(library, warnings, "NET8-ARRAY", timeout);
     FieldPlots.SavePressureMap(streamed, Path.Combine(folder, "streamed.png"));
-    emitter.Dispose();  // releases the device at once
-    PressureMap modulated;
-    using (var modulating = new AmplitudeModulationEmitter("NET8-ARRAY"))
-    {
-        Require(modulating.TryUpdate(new[] { new AmplitudeModulationControlPoint(0f, 0f, 0.12f, 1f, 200f) }), "amplitude modulation starts");
-        modulated = EmulatedField.Map(modulating, plane, 30, 30);
-        FieldPlots.SavePressureMap(modulated, Path.Combine(folder, "modulated.png"));
-    }
-    Require(Math.Abs(streamed.Peak - modulated.Peak) < 0.01f * modulated.Peak, "a fixed streamed point maps like amplitude modulation");
+    FieldPlots.SavePressureMap(modulated, Path.Combine(folder, "modulated.png"));
 
     // A 2 cm circle 12 cm up for a tenth of a second: its envelope ends it,
     // and every sample it made lies on the circle.
@@ -104,20 +59,6 @@ catch (Exception e) when (e is not OutOfMemoryException)
 finally
 {
     Directory.Delete(folder, true);
-}
-
-static void Require(bool condition, string what)
-{
-    if (!condition) throw new InvalidOperationException($"failed: {what}");
-}
-
-static bool TakeUntil(BlockingCollection<string> lines, string start, TimeSpan timeout)
-{
-    while (lines.TryTake(out string line, timeout))
-    {
-        if (line.StartsWith(start, StringComparison.Ordinal)) return true;
-    }
-    return false;
 }
 
 // Keeps the device library's warnings.
